@@ -1,0 +1,45 @@
+#include "refhost/core/output.h"
+
+#include "refhost/core/widetext.h"
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace quelhost {
+
+void Output::write(std::wstring_view text)
+{
+    if (text.empty())
+        return;
+    put(toUtf8(text));
+    const std::size_t newline = text.rfind(L'\n');
+    m_column = newline == text.npos ? m_column + text.size() : text.size() - newline - 1;
+}
+
+void Output::startRow()
+{
+    if (m_column > 0)
+        write(L"\n");
+}
+
+void Output::writeRow(std::wstring_view text)
+{
+    startRow();
+    write(text);
+    startRow();
+}
+
+void DescriptorOutput::put(const std::string& utf8)
+{
+    std::size_t written = 0;
+    while (written < utf8.size()) {
+        const ssize_t count = ::write(m_descriptor, utf8.data() + written, utf8.size() - written);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return;
+        written += static_cast<std::size_t>(count);
+    }
+}
+
+} // namespace quelhost

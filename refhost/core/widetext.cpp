@@ -1,0 +1,60 @@
+#include "refhost/core/widetext.h"
+
+#include <QChar>
+
+namespace quelhost {
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+char32_t scalarOrReplacement(char32_t code)
+{
+    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+    return surrogate || code > 0x10FFFF ? kReplacement : code;
+}
+
+} // namespace
+
+QString toQString(std::wstring_view text)
+{
+    QString result;
+    result.reserve(static_cast<int>(text.size()));
+    for (const wchar_t character : text) {
+        const char32_t code = scalarOrReplacement(static_cast<char32_t>(character));
+        if (QChar::requiresSurrogates(code)) {
+            result += QChar(QChar::highSurrogate(code));
+            result += QChar(QChar::lowSurrogate(code));
+        } else {
+            result += QChar(static_cast<ushort>(code));
+        }
+    }
+    return result;
+}
+
+std::wstring toWide(const QString& text)
+{
+    std::wstring result = text.toStdWString();
+    for (wchar_t& character : result)
+        character = static_cast<wchar_t>(scalarOrReplacement(static_cast<char32_t>(character)));
+    return result;
+}
+
+std::string toUtf8(std::wstring_view text)
+{
+    return toQString(text).toStdString();
+}
+
+std::wstring fromUtf8(std::string_view bytes)
+{
+    // QString::fromUtf8 drops a byte order mark in front; here it is a character like any other.
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    std::wstring result;
+    while (bytes.substr(0, mark.size()) == mark) {
+        result += static_cast<wchar_t>(0xFEFF);
+        bytes.remove_prefix(mark.size());
+    }
+    return result + toWide(QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size())));
+}
+
+} // namespace quelhost

@@ -1,0 +1,98 @@
+#include "menuload/loadedmenufilelist.h"
+
+#include "settings/settingskeys.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QString>
+
+#include <string_view>
+
+namespace {
+
+constexpr wchar_t kSeparator = L';';
+constexpr int kExtensionLength = 4;
+
+QString toQString(std::wstring_view text)
+{
+    return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
+}
+
+QString identity(std::wstring_view path)
+{
+    return QFileInfo(toQString(path)).baseName().toUpper();
+}
+
+bool isAscii(wchar_t character)
+{
+    return character >= 0 && character < 0x80;
+}
+
+wchar_t upperAscii(wchar_t character)
+{
+    return character >= L'a' && character <= L'z' ? character - L'a' + L'A' : character;
+}
+
+// Whether the base name of `path` surely differs from `identity`. An ASCII character has one ASCII
+// capital, so the first difference among them decides; any other character may become several
+// letters or none of its own and is left to the full comparison.
+bool surelyDiffers(std::wstring_view path, const std::wstring& identity)
+{
+    const std::size_t slash = path.rfind(L'/');
+    const std::wstring_view name = slash == path.npos ? path : path.substr(slash + 1);
+    std::size_t at = 0;
+    for (; at < name.size() && name[at] != L'.'; ++at) {
+        if (!isAscii(name[at]))
+            return false;
+        if (at >= identity.size() || upperAscii(name[at]) != identity[at])
+            return true;
+    }
+    return at != identity.size();
+}
+
+} // namespace
+
+std::optional<LoadedMenuFileList> LoadedMenuFileList::read(QueldConfig& store)
+{
+    QuelVariant value;
+    if (store.getValue(kSettingsPath, SettingsKey::kLoadedMenuFiles, value) != 0)
+        return std::nullopt;
+    return LoadedMenuFileList(value.stringOrEmpty());
+}
+
+// Names are compared before the file system is asked: it is asked only about names that match.
+bool LoadedMenuFileList::isLoaded(const std::wstring& path) const
+{
+    const QString wanted = identity(path);
+    const std::wstring wantedWide = wanted.toStdWString();
+    const std::wstring_view text = m_text;
+    std::size_t begin = 0;
+    while (begin <= text.size()) {
+        const std::size_t end = std::min(text.find(kSeparator, begin), text.size());
+        const std::wstring_view entry = text.substr(begin, end - begin);
+        if (!surelyDiffers(entry, wantedWide) && identity(entry) == wanted &&
+            QFile::exists(toQString(entry)))
+            return true;
+        begin = end + 1;
+    }
+    return false;
+}
+
+void LoadedMenuFileList::append(const std::wstring& path)
+{
+    m_text += kSeparator;
+    m_text += path;
+}
+
+void LoadedMenuFileList::write(QueldConfig& store) const
+{
+    QuelVariant value;
+    value.setString(m_text.c_str(), QuelVariant::kString);
+    store.setValue(kSettingsPath, SettingsKey::kLoadedMenuFiles, value);
+}
+
+bool isCustomizationFile(const std::wstring& path)
+{
+    const QString name = toQString(path);
+    return QFile::exists(name) && name.right(kExtensionLength).toUpper() == QLatin1String("CUIX");
+}

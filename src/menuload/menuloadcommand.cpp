@@ -1,0 +1,132 @@
+#include "menuload/menuloadcommand.h"
+
+#include "host/cstdstr.h"
+#include "host/messageboxes.h"
+#include "host/output.h"
+#include "host/prompts.h"
+#include "host/variables.h"
+#include "menuload/customizationmanager.h"
+#include "menuload/loadedmenufilelist.h"
+#include "menuload/menuloaddialog.h"
+#include "module/resourcescopes.h"
+#include "module/resourcestring.h"
+#include "settings/settingskeys.h"
+
+#include <array>
+#include <optional>
+
+namespace {
+
+// String resources. "Already loaded" has no text of the module's own.
+constexpr unsigned int kPromptId = 11066;
+constexpr wchar_t kPrompt[] = L"Enter name of menu file to load:";
+constexpr unsigned int kNotFoundId = 11070;
+constexpr wchar_t kNotFound[] = L"Menu file load failed.  File not found:\"%s\"";
+constexpr unsigned int kAlreadyLoadedId = 11065;
+constexpr unsigned int kLoadedId = 11064;
+constexpr wchar_t kLoaded[] = L"\nLoading \"%s\" success.group:%s";
+
+// What one answer led to: a status that ends the command, or nothing to prompt again.
+using Outcome = std::optional<int>;
+
+bool fileDialogsWanted()
+{
+    resbuf record{nullptr, QuelResultType::kNone, {}};
+    quedGetVar(SystemVariable::kFileDialogs, &record);
+    return record.value.shortInteger == 1;
+}
+
+// Says the same of a file that is missing and of one that is no customization file.
+void printNotFound(const wchar_t* path)
+{
+    const QuString format = qumdQuResourceString(kNotFoundId, kNotFound);
+    CStdStr<wchar_t> message;
+    message.Format(textOrEmpty(format), path);
+    quutPrintf(message.c_str());
+}
+
+void showAlreadyLoaded(const wchar_t* path)
+{
+    CStdStr<wchar_t> message;
+    message.Format(kAlreadyLoadedId, path);
+    MessageBoxW(message.c_str(), GetOemProductName(), QuelBox::kExclamation);
+}
+
+// The file has been put into the list; the first call shows it, the second asks for its group.
+void loadInHost(QuelCustomizationManager& manager, const wchar_t* path)
+{
+    manager.refresh();
+    QuString group;
+    if (manager.loadMenuFile(QuString(path), group)) {
+        const QuString format = qumdQuResourceString(kLoadedId, kLoaded);
+        promptf(textOrEmpty(format), path, textOrEmpty(group));
+    }
+    promptf(L"\n");
+}
+
+Outcome loadTypedFile(const wchar_t* path)
+{
+    if (!isCustomizationFile(path)) {
+        printNotFound(path);
+        return std::nullopt;
+    }
+    QueldConfig* store = quelConfig();
+    if (store == nullptr)
+        return QuelStatus::kStopped;
+    std::optional<LoadedMenuFileList> list = LoadedMenuFileList::read(*store);
+    if (!list)
+        return std::nullopt;
+    if (list->isLoaded(path)) {
+        showAlreadyLoaded(path);
+        return QuelStatus::kStopped;
+    }
+    list->append(path);
+    list->write(*store);
+    QuelCustomizationManager* manager = customizationManagerOrNull();
+    if (manager == nullptr)
+        return std::nullopt;
+    loadInHost(*manager, path);
+    return QuelStatus::kNormal;
+}
+
+Outcome askOnce(IQuelBuildInCommandContext* context)
+{
+    std::array<wchar_t, kQuelStringAnswerRoom> answer{};
+    const QuString prompt = qumdQuResourceString(kPromptId, kPrompt);
+    const int status = quedGetString(0, prompt.kwszPtr(), answer.data());
+    quedInitGet(0, nullptr);
+    if (status == QuelStatus::kCancelled)
+        return status;
+    if (status != QuelStatus::kNormal)
+        return std::nullopt;
+    if (answer.front() == L'~')
+        return runMenuLoadDialog(context);
+    return loadTypedFile(answer.data());
+}
+
+// Prompts for ever: only an answer, a cancel or the end of the input, which the host reports as a
+// cancel, ends the command.
+int loadFromCommandLine(IQuelBuildInCommandContext* context)
+{
+    // Hosts prepare their boxes when they are asked for the name, so it is asked for before the
+    // first prompt although no message here carries the copy.
+    [[maybe_unused]] const CStdStr<wchar_t> productName(GetOemProductName());
+    quedInitGet(0, nullptr);
+    Outcome outcome;
+    while (!outcome)
+        outcome = askOnce(context);
+    return *outcome;
+}
+
+} // namespace
+
+int Quel6916Command::execute(IQuelBuildInCommandContext* context)
+{
+    const ContextResourceScope scope(context);
+    // Both questions are put to the host on every run.
+    const bool dialogAllowed = commandShouldUseDialog(context);
+    const bool dialogWanted = fileDialogsWanted();
+    if (dialogAllowed && dialogWanted)
+        return runMenuLoadDialog(context);
+    return loadFromCommandLine(context);
+}

@@ -1,0 +1,14 @@
+// CUILOAD: the second name of MENULOAD.
+#pragma once
+
+#include "host/commands.h"
+
+class Quel6940Command final : public IQuelBuildInCommand
+{
+public:
+    static constexpr unsigned int kClassNumber = 6940;
+    static constexpr wchar_t kGlobalName[] = L"CUILOAD";
+
+    // Completes normally without doing anything yet.
+    int execute(IQuelBuildInCommandContext* context) override;
+};
