@@ -20,6 +20,9 @@ struct LineRequest
     std::wstring prompt;
     Completion completion = Completion::Nothing;
     QStringList words; // what Commands and Keywords complete from
+    // A script's blank lines and lines beginning with ";" are passed over, unseen. What a person
+    // types is never passed over.
+    bool remarksAllowed = false;
 };
 
 struct Line

@@ -1,7 +1,6 @@
-#include "host/wideformat.h"
+#include "refhost/core/typedformat.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cwchar>
 #include <string_view>
@@ -129,7 +128,7 @@ bool convert(const Conversion& conversion, const FormatArgument& argument, std::
     return false;
 }
 
-std::wstring format(std::wstring_view format, const FormatArgument* arguments, std::size_t count)
+std::wstring formatAll(std::wstring_view format, const FormatArgument* arguments, std::size_t count)
 {
     std::wstring result;
     std::size_t used = 0;
@@ -155,6 +154,33 @@ std::wstring format(std::wstring_view format, const FormatArgument* arguments, s
     return result;
 }
 
+// A whole conversion with an argument of a variadic function, by its character and length.
+FormatArgument nextArgument(const Conversion& conversion, va_list& rest)
+{
+    const bool isLong = conversion.text.find_first_of(L"lLqjzt") != std::wstring_view::npos;
+    switch (conversion.character) {
+    case L's':
+        return va_arg(rest, const wchar_t*);
+    case L'c':
+        return static_cast<wchar_t>(va_arg(rest, wint_t));
+    case L'd':
+    case L'i':
+        return isLong ? FormatArgument(va_arg(rest, long)) : FormatArgument(va_arg(rest, int));
+    default:
+        return isLong ? FormatArgument(va_arg(rest, unsigned long))
+                      : FormatArgument(va_arg(rest, unsigned int));
+    }
+}
+
+bool takesArgument(const Conversion& conversion)
+{
+    const bool narrow = conversion.text.find(L'h') != std::wstring_view::npos;
+    const bool text = conversion.character == L's' || conversion.character == L'c';
+    const bool known =
+        std::wstring_view(L"scdiuxXo").find(conversion.character) != std::wstring_view::npos;
+    return conversion.character != L'\0' && known && !(text && narrow);
+}
+
 } // namespace
 
 int _tarvswprintf(wchar_t* buffer, std::size_t limit, const wchar_t* format,
@@ -162,9 +188,38 @@ int _tarvswprintf(wchar_t* buffer, std::size_t limit, const wchar_t* format,
 {
     if (limit == 0)
         return -1;
-    const std::wstring result = ::format(format == nullptr ? L"" : format, arguments, count);
+    const std::wstring result = formatAll(format == nullptr ? L"" : format, arguments, count);
     const std::size_t length = std::min(result.size(), limit - 1);
     result.copy(buffer, length);
     buffer[length] = L'\0';
     return length == result.size() ? static_cast<int>(length) : -1;
 }
+
+namespace quelhost {
+
+std::wstring formatTyped(const wchar_t* format, const std::vector<FormatArgument>& arguments)
+{
+    return formatAll(format == nullptr ? L"" : format, arguments.data(), arguments.size());
+}
+
+std::wstring formatVariadic(const wchar_t* format, const wchar_t* const* first, va_list rest)
+{
+    const std::wstring_view text(format == nullptr ? L"" : format);
+    std::vector<FormatArgument> arguments;
+    if (first != nullptr)
+        arguments.emplace_back(*first);
+    va_list unread;
+    va_copy(unread, rest);
+    std::size_t conversions = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const Conversion conversion = text[at] == L'%' ? parse(text, at) : Conversion{};
+        const bool taken = takesArgument(conversion);
+        if (taken && ++conversions > arguments.size())
+            arguments.push_back(nextArgument(conversion, unread));
+        at += taken || conversion.text == L"%%" ? conversion.text.size() : 1;
+    }
+    va_end(unread);
+    return formatTyped(format, arguments);
+}
+
+} // namespace quelhost

@@ -178,12 +178,14 @@ private:
 
 inline void QuelVariant::setString(const wchar_t* text, VarType type)
 {
-    const std::size_t length = text == nullptr ? 0 : std::wcslen(text);
-    const std::wstring copy(text == nullptr ? L"" : text, length); // may lie in the old block
-    reset(type);
-    m_block = allocateBlock(kHeader + (length + 1) * sizeof(wchar_t));
-    std::memcpy(static_cast<char*>(m_block) + kHeader, copy.c_str(),
-                (length + 1) * sizeof(wchar_t));
+    const QuelVariant old(std::move(*this)); // freed last: `text` may lie in its block
+    m_type = type;
+    const std::size_t bytes = (text == nullptr ? 0 : std::wcslen(text)) * sizeof(wchar_t);
+    m_block = allocateBlock(kHeader + bytes + sizeof(wchar_t));
+    char* const characters = static_cast<char*>(m_block) + kHeader;
+    if (bytes > 0)
+        std::memcpy(characters, text, bytes);
+    std::memset(characters + bytes, 0, sizeof(wchar_t));
 }
 
 inline void QuelVariant::copyFrom(const QuelVariant& other)

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QString>
 
+#include <algorithm>
 #include <string_view>
 
 namespace {
@@ -13,9 +14,15 @@ namespace {
 constexpr wchar_t kSeparator = L';';
 constexpr int kExtensionLength = 4;
 
+// Qt's conversion takes a leading U+FEFF for a byte order mark and drops it. Here it belongs to the
+// name: without it another file would be meant.
 QString toQString(std::wstring_view text)
 {
-    return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
+    constexpr wchar_t mark = 0xFEFF;
+    const std::size_t marks = std::min(text.find_first_not_of(mark), text.size());
+    const std::wstring_view rest = text.substr(marks);
+    return QString(static_cast<int>(marks), QChar(QChar::ByteOrderMark)) +
+           QString::fromWCharArray(rest.data(), static_cast<int>(rest.size()));
 }
 
 QString identity(std::wstring_view path)

@@ -4,13 +4,12 @@
 #include "host/messageboxes.h"
 #include "host/output.h"
 #include "host/prompts.h"
-#include "host/variables.h"
 #include "menuload/customizationmanager.h"
 #include "menuload/loadedmenufilelist.h"
 #include "menuload/menuloaddialog.h"
 #include "module/resourcescopes.h"
 #include "module/resourcestring.h"
-#include "settings/settingskeys.h"
+#include "settings/systemvariables.h"
 
 #include <array>
 #include <optional>
@@ -28,13 +27,6 @@ constexpr wchar_t kLoaded[] = L"\nLoading \"%s\" success.group:%s";
 
 // What one answer led to: a status that ends the command, or nothing to prompt again.
 using Outcome = std::optional<int>;
-
-bool fileDialogsWanted()
-{
-    resbuf record{nullptr, QuelResultType::kNone, {}};
-    quedGetVar(SystemVariable::kFileDialogs, &record);
-    return record.value.shortInteger == 1;
-}
 
 // Says the same of a file that is missing and of one that is no customization file.
 void printNotFound(const wchar_t* path)
@@ -125,7 +117,7 @@ int Quel6916Command::execute(IQuelBuildInCommandContext* context)
     const ContextResourceScope scope(context);
     // Both questions are put to the host on every run.
     const bool dialogAllowed = commandShouldUseDialog(context);
-    const bool dialogWanted = fileDialogsWanted();
+    const bool dialogWanted = fileDialogsEnabled();
     if (dialogAllowed && dialogWanted)
         return runMenuLoadDialog(context);
     return loadFromCommandLine(context);

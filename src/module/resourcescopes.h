@@ -8,6 +8,8 @@
 
 // The module's resource file: names, prompts, messages and dialog descriptions.
 constexpr wchar_t kModuleResourceFile[] = L"VxCuiCmdsRes.dll";
+// The host's own: what commands of several modules share.
+constexpr wchar_t kHostResourceFile[] = L"QUELDRes.dll";
 
 // The global scope: selects a resource file for lookups outside a command's run.
 class GlobalResourceScope

@@ -9,10 +9,14 @@
 // entered here.
 __attribute__((visibility("default"))) QuString qumdQuResourceString(unsigned int id);
 
-// The text of a host string, which may have none: then the empty text, never null. Valid as long as
-// `text` is neither changed nor destroyed; it cannot be taken from a temporary.
+// The text, or the empty one where the host has none; never null. Valid as long as `text` is
+// neither changed nor destroyed, so it cannot be taken from a temporary host string.
+inline const wchar_t* textOrEmpty(const wchar_t* text)
+{
+    return text == nullptr ? L"" : text;
+}
 inline const wchar_t* textOrEmpty(const QuString& text)
 {
-    return text.kwszPtr() == nullptr ? L"" : text.kwszPtr();
+    return textOrEmpty(text.kwszPtr());
 }
 const wchar_t* textOrEmpty(QuString&&) = delete;

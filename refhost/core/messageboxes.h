@@ -1,0 +1,18 @@
+// Message boxes as questions on the command line.
+#pragma once
+
+#include "refhost/core/output.h"
+#include "refhost/core/prompts.h"
+
+#include <string>
+
+namespace quelhost {
+
+// Shows `text` and, where there is something to choose, asks until one of the buttons is named: by
+// its English name, its name in the user's language, or the first letter of either. Returns the
+// answer of host/messageboxes.h. A cancelled question, the end of the input included, gives the
+// safe answer; a box with OK alone takes no input.
+[[nodiscard]] int askMessageBox(Prompts& prompts, Output& output, const std::wstring& text,
+                                unsigned int flags);
+
+} // namespace quelhost

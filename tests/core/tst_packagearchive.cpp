@@ -1,0 +1,541 @@
+#include "refhost/core/packagearchive.h"
+
+#include "tests/support/packagebuilder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using namespace quelhost;
+using namespace packages;
+
+namespace {
+
+constexpr int kMiB = 1024 * 1024;
+
+const char* const kDamaged = "p.cuix: The ZIP archive is damaged: its table of contents is missing "
+                             "or contradicts the rest.\n";
+
+ArchiveReading read(const QByteArray& archive, const ArchiveLimits& limits = {})
+{
+    return readArchive(archive, QStringLiteral("p.cuix"), limits);
+}
+
+std::string faultsOf(const ArchiveReading& reading)
+{
+    std::string text;
+    for (const Fault& fault : reading.faults)
+        text += fault.text().toStdString() + "\n";
+    return text;
+}
+
+// "name=bytes" for a good entry, "name!" for one with a fault.
+std::string entriesOf(const ArchiveReading& reading)
+{
+    std::string text;
+    for (const ArchiveEntry& entry : reading.entries)
+        text += entry.name.toStdString() +
+                (entry.isGood ? "=" + entry.bytes.toStdString() : std::string("!")) + "\n";
+    return text;
+}
+
+// A text file and an image, both deflated; what most tests damage.
+QByteArray plain()
+{
+    return PackageBuilder()
+        .add("customization.xml", QByteArray("text ").repeated(20))
+        .add("images/a.png", QByteArray("image ").repeated(20))
+        .build();
+}
+
+QByteArray renamed(const QByteArray& name)
+{
+    QByteArray archive = PackageBuilder()
+                             .add("customization.xml", "text")
+                             .add(std::string(static_cast<std::size_t>(name.size()), 'n'), "image")
+                             .build();
+    rename(archive, 1, name);
+    return archive;
+}
+
+QByteArray withMode(quint32 mode)
+{
+    return PackageBuilder()
+        .add("customization.xml", "text")
+        .add("images/a.png", "image")
+        .unixMode(mode)
+        .build();
+}
+
+// Sets a 16-bit field of the image in its own header and in the table of contents.
+QByteArray withField16(int local, int central, quint32 value)
+{
+    QByteArray archive = plain();
+    set16(archive, localHeader(archive, 1) + local, value);
+    set16(archive, centralRecord(archive, 1) + central, value);
+    return archive;
+}
+
+QByteArray withField32(int local, int central, quint32 value)
+{
+    QByteArray archive = plain();
+    set32(archive, localHeader(archive, 1) + local, value);
+    set32(archive, centralRecord(archive, 1) + central, value);
+    return archive;
+}
+
+QByteArray withEnd16(int offset, quint32 value)
+{
+    QByteArray archive = plain();
+    set16(archive, endRecord(archive) + offset, value);
+    return archive;
+}
+
+QByteArray withEnd32(int offset, quint32 value)
+{
+    QByteArray archive = plain();
+    set32(archive, endRecord(archive) + offset, value);
+    return archive;
+}
+
+QByteArray withComment(const QByteArray& comment)
+{
+    return withEnd16(20, static_cast<quint32>(comment.size())) + comment;
+}
+
+// The second entry, complete with its header, lies within the bytes of the first: each is good for
+// itself, and its header says what the table of contents says.
+QByteArray overlapping()
+{
+    const QByteArray inner = PackageBuilder().add("images/b.png", "inner", Packing::Store).build();
+    const int innerEnd = centralRecord(inner, 0);
+    QByteArray archive = PackageBuilder()
+                             .add("images/a.png", inner.left(innerEnd), Packing::Store)
+                             .add("images/b.png", "inner", Packing::Store)
+                             .build();
+    set32(archive, centralRecord(archive, 1) + 42, 30 + 12);
+    return archive;
+}
+
+QByteArray manyEntries(int count)
+{
+    PackageBuilder builder;
+    builder.add("customization.xml", "text");
+    for (int i = 1; i < count; ++i)
+        builder.add("images/" + std::to_string(i) + ".png", "x", Packing::Store);
+    return builder.build();
+}
+
+QByteArray entryOfSize(int size)
+{
+    return PackageBuilder()
+        .add("customization.xml", "text")
+        .add("images/a.png", QByteArray(size, 'x'))
+        .build();
+}
+
+// 3 images of 16 MiB and others that bring the total to `total`.
+QByteArray totalOfSize(int total)
+{
+    const QByteArray large(16 * kMiB, 'x');
+    return PackageBuilder()
+        .add("images/a.png", large)
+        .add("images/b.png", large)
+        .add("images/c.png", large)
+        .add("images/d.png", large.left(8 * kMiB))
+        .add("images/e.png", QByteArray(total - 56 * kMiB, 'x'))
+        .build();
+}
+
+// 1,999 names of 131 bytes, and one that brings the total to `total`.
+QByteArray namesOfSize(int total)
+{
+    PackageBuilder builder;
+    for (int i = 0; i < 1999; ++i) {
+        const std::string number = std::to_string(10000 + i);
+        builder.add("images/" + number + std::string(131 - 12, 'n'), "", Packing::Store);
+    }
+    const auto last = static_cast<std::size_t>(total - 1999 * 131);
+    return builder.add("images/" + std::string(last - 7, 'm'), "", Packing::Store).build();
+}
+
+} // namespace
+
+TEST(PackageArchive, unpacksFilesInTheirOrder)
+{
+    const QByteArray archive = PackageBuilder()
+                                   .add("images/b.png", "stored", Packing::Store)
+                                   .add("images/", "", Packing::Store)
+                                   .unixMode(040755)
+                                   .add("customization.xml", "<a/>")
+                                   .add("images/sub/", "")
+                                   .add("images/sub/\xC3\xA4 1.svg", "")
+                                   .build();
+    const ArchiveReading reading = read(archive);
+    EXPECT_TRUE(reading.isOpen);
+    EXPECT_EQ(faultsOf(reading), "");
+    EXPECT_EQ(entriesOf(reading),
+              "images/b.png=stored\ncustomization.xml=<a/>\nimages/sub/\xC3\xA4 1.svg=\n");
+}
+
+TEST(PackageArchive, findsEntriesByName)
+{
+    const ArchiveReading reading = read(plain());
+    ASSERT_NE(reading.find(QStringLiteral("images/a.png")), nullptr);
+    EXPECT_EQ(reading.find(QStringLiteral("images/a.png"))->bytes,
+              QByteArray("image ").repeated(20));
+    EXPECT_EQ(reading.find(QStringLiteral("images/A.png")), nullptr);
+}
+
+TEST(PackageArchive, acceptsWhatHonestPackersWrite)
+{
+    struct Row
+    {
+        const char* name;
+        QByteArray archive;
+    };
+    const Row rows[] = {
+        {"as it is", plain()},
+        {"a comment", withComment("made by hand")},
+        {"a comment as long as can be", withComment(QByteArray(65535, 'c'))},
+        {"no mode", withMode(0)},
+        {"a plain file's mode", withMode(0100644)},
+        {"permissions without a kind", withMode(0644)},
+    };
+    for (const Row& row : rows) {
+        const ArchiveReading reading = read(row.archive);
+        EXPECT_EQ(faultsOf(reading), "") << row.name;
+        EXPECT_EQ(reading.entries.size(), 2U) << row.name;
+    }
+}
+
+TEST(PackageArchive, acceptsAnArchiveOfNothing)
+{
+    const ArchiveReading reading = read(QByteArray("PK\5\6", 4) + QByteArray(18, '\0'));
+    EXPECT_TRUE(reading.isOpen);
+    EXPECT_EQ(faultsOf(reading), "");
+    EXPECT_EQ(entriesOf(reading), "");
+}
+
+TEST(PackageArchive, acceptsEveryLimitAndRefusesOneAbove)
+{
+    struct Row
+    {
+        const char* name;
+        QByteArray atLimit;
+        QByteArray above;
+        const char* fault;
+        std::size_t entriesAbove;
+    };
+    const Row rows[] = {
+        {"2,000 entries", manyEntries(2000), manyEntries(2001),
+         "p.cuix: The archive has 2001 entries; at most 2000 are allowed.\n", 0},
+        {"an entry of 16 MiB", entryOfSize(16 * kMiB), entryOfSize(16 * kMiB + 1),
+         "p.cuix: \"images/a.png\" is larger than 16 MiB.\n", 2},
+        {"64 MiB together", totalOfSize(64 * kMiB), totalOfSize(64 * kMiB + 1),
+         "p.cuix: The entries together are larger than 64 MiB.\n", 0},
+        {"256 KiB of names", namesOfSize(262144), namesOfSize(262145),
+         "p.cuix: The names of all entries together are longer than 256 KiB.\n", 0},
+    };
+    for (const Row& row : rows) {
+        const ArchiveReading atLimit = read(row.atLimit);
+        EXPECT_TRUE(atLimit.isOpen) << row.name;
+        EXPECT_EQ(faultsOf(atLimit), "") << row.name;
+        const ArchiveReading above = read(row.above);
+        EXPECT_EQ(faultsOf(above), row.fault) << row.name;
+        EXPECT_EQ(above.entries.size(), row.entriesAbove) << row.name;
+    }
+}
+
+TEST(PackageArchive, limitsTheFileItself)
+{
+    const QByteArray archive = plain();
+    ArchiveLimits limits;
+    limits.fileBytes = archive.size();
+    EXPECT_EQ(faultsOf(read(archive, limits)), "");
+    limits.fileBytes = archive.size() - 1;
+    EXPECT_EQ(faultsOf(read(archive, limits)), "p.cuix: The file is larger than 0 MiB.\n");
+    EXPECT_EQ(faultsOf(read(QByteArray(72 * kMiB + 1, 'x'))),
+              "p.cuix: The file is larger than 72 MiB.\n");
+    EXPECT_EQ(faultsOf(read(QByteArray(72 * kMiB, 'x'))),
+              "p.cuix: The file is not a ZIP archive.\n");
+}
+
+TEST(PackageArchive, refusesNamesThatDoNotBelongThere)
+{
+    struct Row
+    {
+        const char* name;
+        QByteArray entryName;
+        const char* fault;
+    };
+    const Row rows[] = {
+        {"up a folder", "images/../../etc/passwd",
+         "p.cuix: The entry name \"images/../../etc/passwd\" contains \".\" or \"..\" as a "
+         "folder.\n"},
+        {"absolute", "/etc/passwd",
+         "p.cuix: The entry name \"/etc/passwd\" is an absolute path.\n"},
+        {"a backslash", "images\\a.png",
+         "p.cuix: The entry name \"images\\a.png\" contains a backslash.\n"},
+        {"a line end", "images/a\nb.png",
+         "p.cuix: The entry name \"images/a\xEF\xBF\xBD"
+         "b.png\" contains a control character.\n"},
+        {"elsewhere", "readme.txt",
+         "p.cuix: \"readme.txt\" does not belong in a package: only customization.xml and files "
+         "below images/ do.\n"},
+        {"not UTF-8", "images/\xE4.png",
+         "p.cuix: The entry name \"images/\xEF\xBF\xBD.png\" is not UTF-8.\n"},
+    };
+    for (const Row& row : rows) {
+        const ArchiveReading reading = read(renamed(row.entryName));
+        EXPECT_EQ(faultsOf(reading), row.fault) << row.name;
+        ASSERT_FALSE(reading.entries.empty()) << row.name;
+        EXPECT_TRUE(reading.entries.front().isGood) << row.name;
+    }
+}
+
+TEST(PackageArchive, refusesEntriesThatItCannotTrust)
+{
+    struct Row
+    {
+        const char* name;
+        QByteArray archive;
+        const char* fault;
+    };
+    const char* const kWrong = "p.cuix: \"images/a.png\" is damaged: its content does not have the "
+                               "size and checksum that the archive states.\n";
+    const char* const kSpecial =
+        "p.cuix: \"images/a.png\" is a link or a device, not a plain file.\n";
+    const char* const kEncrypted =
+        "p.cuix: \"images/a.png\" is encrypted; a package must not be.\n";
+    const char* const kMethod = "p.cuix: \"images/a.png\" is compressed in a way that is not "
+                                "supported; only stored and deflated entries are.\n";
+    const Row rows[] = {
+        {"a link", withMode(0120777), kSpecial},
+        {"a character device", withMode(0020644), kSpecial},
+        {"a pipe", withMode(0010644), kSpecial},
+        {"a socket", withMode(0140644), kSpecial},
+        {"encrypted",
+         PackageBuilder()
+             .add("customization.xml", "text")
+             .add("images/a.png", "image")
+             .encrypt()
+             .build(),
+         kEncrypted},
+        {"said to be encrypted", withField16(6, 8, 0x0001), kEncrypted},
+        {"said to be strongly encrypted", withField16(6, 8, 0x0040), kEncrypted},
+        {"said to have its header encrypted", withField16(6, 8, 0x2000), kEncrypted},
+        {"compressed another way",
+         PackageBuilder()
+             .add("customization.xml", "text")
+             .add("images/a.png", QByteArray(5000, 'x'), Packing::Bzip2)
+             .build(),
+         kMethod},
+        {"compressed in an unknown way", withField16(8, 10, 77), kMethod},
+        {"a wrong checksum", withField32(14, 16, 0x12345678), kWrong},
+        {"more bytes than stated", withField32(22, 24, 119), kWrong},
+        {"far more bytes than stated", withField32(22, 24, 1), kWrong},
+        {"bytes where none are stated", withField32(22, 24, 0), kWrong},
+        {"fewer bytes than stated", withField32(22, 24, 121), kWrong},
+        {"far fewer bytes than stated", withField32(22, 24, 16 * kMiB), kWrong},
+        {"a folder with content",
+         PackageBuilder().add("customization.xml", "text").add("images/b/", "x").build(),
+         "p.cuix: The folder \"images/b/\" has content of its own.\n"},
+    };
+    for (const Row& row : rows) {
+        ASSERT_FALSE(row.archive.isEmpty()) << row.name;
+        const ArchiveReading reading = read(row.archive);
+        EXPECT_TRUE(reading.isOpen) << row.name;
+        EXPECT_EQ(faultsOf(reading), row.fault) << row.name;
+        // The rest stays readable, so that its faults can be told too.
+        ASSERT_FALSE(reading.entries.empty()) << row.name;
+        EXPECT_TRUE(reading.entries.front().isGood) << row.name;
+    }
+}
+
+TEST(PackageArchive, refusesArchivesThatItCannotTrust)
+{
+    struct Row
+    {
+        const char* name;
+        QByteArray archive;
+        std::string fault;
+    };
+    const QByteArray good = plain();
+    const std::string noZip = "p.cuix: The file is not a ZIP archive.\n";
+    const Row rows[] = {
+        {"nothing", "", noZip},
+        {"a text", "<customization/>", noZip},
+        {"another kind of archive", QByteArray("\x1F\x8B\x08\0\0\0\0\0", 8), noZip},
+        {"only the beginning", good.left(100), kDamaged},
+        {"the last byte is missing", good.left(good.size() - 1), kDamaged},
+        {"bytes behind the end", good + "x", kDamaged},
+        {"bytes before the beginning", "#!/bin/sh\n" + good, kDamaged},
+        {"an end record within the comment",
+         withComment("x" + QByteArray("PK\5\6", 4) + QByteArray(18, '\0')), kDamaged},
+        {"the second part of several", withEnd16(8, 1), kDamaged},
+        {"fewer entries than there are", withEnd16(10, 1), kDamaged},
+        {"more entries than there are",
+         [] {
+             QByteArray archive = withEnd16(10, 3);
+             set16(archive, endRecord(archive) + 8, 3);
+             return archive;
+         }(),
+         kDamaged},
+        {"a table of contents elsewhere", withEnd32(16, 0), kDamaged},
+        {"a table of contents beyond the end", withEnd32(16, 0xFFFFFFF0), kDamaged},
+        {"a table of contents of another size", withEnd32(12, 46), kDamaged},
+        {"an entry beyond the end",
+         [] {
+             QByteArray archive = plain();
+             set32(archive, centralRecord(archive, 1) + 42, 0xFFFFFFFF);
+             return archive;
+         }(),
+         kDamaged},
+        {"an entry whose header is none",
+         [] {
+             QByteArray archive = plain();
+             set32(archive, centralRecord(archive, 1) + 42, 1);
+             return archive;
+         }(),
+         kDamaged},
+        {"an entry that reaches into the table of contents", withField32(18, 20, 1000), kDamaged},
+        {"an entry with a name of its own",
+         [] {
+             QByteArray archive = plain();
+             archive[localHeader(archive, 1) + 30] = 'J';
+             return archive;
+         }(),
+         kDamaged},
+        {"an entry with a size of its own",
+         [] {
+             QByteArray archive = plain();
+             set32(archive, localHeader(archive, 1) + 22, 119);
+             return archive;
+         }(),
+         kDamaged},
+        {"entries that share bytes", overlapping(),
+         "p.cuix: The entries \"images/a.png\" and \"images/b.png\" share bytes of the archive.\n"},
+        {"two entries in one place",
+         [] {
+             QByteArray archive = plain();
+             set32(archive, centralRecord(archive, 1) + 42, 0);
+             return archive;
+         }(),
+         "p.cuix: The entries \"customization.xml\" and \"images/a.png\" share bytes of the "
+         "archive.\n"},
+        {"five bombs of 16 MiB",
+         PackageBuilder()
+             .add("images/a.png", QByteArray(16 * kMiB, '\0'))
+             .add("images/b.png", QByteArray(16 * kMiB, '\0'))
+             .add("images/c.png", QByteArray(16 * kMiB, '\0'))
+             .add("images/d.png", QByteArray(16 * kMiB, '\0'))
+             .add("images/e.png", QByteArray(16 * kMiB, '\0'))
+             .build(),
+         "p.cuix: The entries together are larger than 64 MiB.\n"},
+        {"an entry said to be of 4 GiB", withField32(22, 24, 0xFFFFFFFF),
+         "p.cuix: The entries together are larger than 64 MiB.\n"},
+    };
+    for (const Row& row : rows) {
+        const ArchiveReading reading = read(row.archive);
+        EXPECT_FALSE(reading.isOpen) << row.name;
+        EXPECT_EQ(faultsOf(reading), row.fault) << row.name;
+        EXPECT_TRUE(reading.entries.empty()) << row.name;
+    }
+}
+
+// The library refuses such archives as a whole; the sentence is about the name all the same.
+TEST(PackageArchive, tellsOfNamesThatMakeTheArchiveUnreadable)
+{
+    QByteArray twice = PackageBuilder()
+                           .add("customization.xml", "text")
+                           .add("images/a.png", "one")
+                           .add("images/b.png", "two")
+                           .build();
+    rename(twice, 2, "images/a.png");
+    const ArchiveReading readTwice = read(twice);
+    EXPECT_FALSE(readTwice.isOpen);
+    EXPECT_EQ(faultsOf(readTwice),
+              "p.cuix: The archive has more than one entry \"images/a.png\".\n");
+
+    const ArchiveReading readZero = read(renamed(QByteArray("images/a.png\0.exe", 17)));
+    EXPECT_FALSE(readZero.isOpen);
+    EXPECT_EQ(faultsOf(readZero), "p.cuix: The entry name \"images/a.png\xEF\xBF\xBD.exe\" "
+                                  "contains a control character.\n");
+}
+
+TEST(PackageArchive, tellsTheFaultsOfAllEntries)
+{
+    const QByteArray archive = PackageBuilder()
+                                   .add("readme.txt", "x")
+                                   .add("customization.xml", "text")
+                                   .add("images/a.png", "image")
+                                   .unixMode(0120777)
+                                   .add("images/b.png", "image")
+                                   .encrypt()
+                                   .build();
+    const ArchiveReading reading = read(archive);
+    EXPECT_EQ(faultsOf(reading),
+              "p.cuix: \"readme.txt\" does not belong in a package: only customization.xml and "
+              "files below images/ do.\n"
+              "p.cuix: \"images/a.png\" is a link or a device, not a plain file.\n"
+              "p.cuix: \"images/b.png\" is encrypted; a package must not be.\n");
+    EXPECT_EQ(entriesOf(reading), "customization.xml=text\nimages/a.png!\nimages/b.png!\n");
+}
+
+TEST(PackageArchive, refusesEveryBeginningOfAnArchive)
+{
+    const QByteArray archive = plain();
+    for (int length = 0; length < archive.size(); ++length) {
+        const ArchiveReading reading = read(archive.left(length));
+        EXPECT_FALSE(reading.isOpen) << length;
+        EXPECT_EQ(reading.faults.size(), 1U) << length;
+    }
+}
+
+// Whatever byte is wrong: it is noticed, or it does not matter.
+TEST(PackageArchive, neverGivesOtherContentForAWrongByte)
+{
+    const QByteArray archive = plain();
+    const std::string content = entriesOf(read(archive));
+    int refused = 0;
+    for (int at = 0; at < archive.size(); ++at) {
+        for (const int change : {0x01, 0x10, 0x80, 0xFF}) {
+            QByteArray wrong = archive;
+            wrong[at] = static_cast<char>(wrong[at] ^ change);
+            const ArchiveReading reading = read(wrong);
+            if (!reading.faults.empty())
+                ++refused;
+            else
+                EXPECT_EQ(entriesOf(reading), content) << at << " " << change;
+        }
+    }
+    // Times, versions and a few notes are all that may differ.
+    EXPECT_GT(refused, archive.size() * 4 / 2);
+}
+
+TEST(PackageArchive, readsFilesAndLeavesThemAlone)
+{
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("p.cuix"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(plain());
+    file.close();
+    EXPECT_EQ(entriesOf(readArchiveFile(path)), entriesOf(read(plain())));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), plain());
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList(QStringLiteral("p.cuix")));
+}
+
+TEST(PackageArchive, tellsThatAFileCannotBeRead)
+{
+    const ArchiveReading reading = readArchiveFile(QStringLiteral("/nowhere/p.cuix"));
+    EXPECT_FALSE(reading.isOpen);
+    EXPECT_EQ(faultsOf(reading), "/nowhere/p.cuix: There is no such file.\n");
+}

@@ -1,0 +1,42 @@
+// Main of the tests that need an application object: dialogs of commands are made of widgets. It
+// also sets the process's locale from the environment, as a real host does.
+#include "tests/support/recordinghost.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+namespace {
+
+class NewHostForEachTest : public testing::EmptyTestEventListener
+{
+    void OnTestStart(const testing::TestInfo&) override { recording::reset(); }
+    void OnTestEnd(const testing::TestInfo&) override { recording::reset(); }
+};
+
+} // namespace
+
+#if defined(__SANITIZE_ADDRESS__)
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_options()
+{
+    return "print_suppressions=0";
+}
+
+// What the font library and the platform's plugin keep until the process ends.
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
+{
+    return "leak:libfontconfig.so\nleak:libqoffscreen.so\nleak:QScreen::QScreen\n"
+           "leak:QPlatformScreen::QPlatformScreen\nleak:handleScreenAdded\n";
+}
+#endif
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    // A forked child of a process with threads may hang: each child starts anew.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const QApplication application(argc, argv);
+    testing::UnitTest::GetInstance()->listeners().Append(new NewHostForEachTest);
+    return RUN_ALL_TESTS();
+}

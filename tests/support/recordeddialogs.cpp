@@ -1,0 +1,316 @@
+// Dialogs and controls of the recording host: real widgets without any show.
+#include "host/dialogs.h"
+#include "host/messageboxes.h"
+
+#include "tests/support/recordinghost.h"
+#include "tests/support/tracetext.h"
+
+#include "refhost/core/widetext.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+
+using recording::hexadecimal;
+using recording::host;
+using recording::list;
+using recording::shown;
+
+namespace {
+
+// The wrapper of a control that its dialog owns.
+struct DialogItem : QObject
+{
+    DialogItem(QObject* dialog, QWidget* widget)
+        : QObject(dialog)
+        , window(widget)
+    {}
+    CWnd window;
+};
+
+std::string nameOf(const QWidget* widget)
+{
+    return widget == nullptr ? "null" : widget->objectName().toStdString();
+}
+
+QListWidget* listOf(const CListBox& box)
+{
+    return qobject_cast<QListWidget*>(box.widget());
+}
+
+std::string shownRect(const RECT& rect)
+{
+    return "[" + list(shown(rect.left), shown(rect.top), shown(rect.right), shown(rect.bottom)) +
+           "]";
+}
+
+RECT screenRect(const QWidget& widget)
+{
+    const QPoint corner = widget.mapToGlobal(QPoint(0, 0));
+    return {corner.x(), corner.y(), corner.x() + widget.width(), corner.y() + widget.height()};
+}
+
+QRect toQRect(const RECT& rect)
+{
+    return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+} // namespace
+
+CWnd::CWnd(QWidget* widget)
+    : m_widget(widget)
+{}
+CWnd::~CWnd() = default;
+CButton::CButton() = default;
+CButton::~CButton() = default;
+CListBox::CListBox() = default;
+CListBox::~CListBox() = default;
+
+void CWnd::EnableWindow(bool enable)
+{
+    host().called("EnableWindow", list(nameOf(m_widget), shown(enable)));
+    if (m_widget != nullptr)
+        m_widget->setEnabled(enable);
+}
+
+void CWnd::GetWindowText(CStdStr<wchar_t>& text) const
+{
+    QString result;
+    if (const auto* edit = qobject_cast<QLineEdit*>(m_widget))
+        result = edit->text();
+    else if (const auto* button = qobject_cast<QAbstractButton*>(m_widget))
+        result = button->text();
+    else if (const auto* label = qobject_cast<QLabel*>(m_widget))
+        result = label->text();
+    text = quelhost::toWide(result);
+    host().called("GetWindowText", nameOf(m_widget), shown(text));
+}
+
+void CWnd::SetWindowText(const wchar_t* text)
+{
+    host().called("SetWindowText", list(nameOf(m_widget), shown(text)));
+    const QString shownText = quelhost::toQString(text == nullptr ? L"" : text);
+    if (auto* edit = qobject_cast<QLineEdit*>(m_widget))
+        edit->setText(shownText);
+    else if (auto* button = qobject_cast<QAbstractButton*>(m_widget))
+        button->setText(shownText);
+    else if (auto* label = qobject_cast<QLabel*>(m_widget))
+        label->setText(shownText);
+}
+
+void CWnd::GetWindowRect(RECT* rect) const
+{
+    if (m_widget != nullptr)
+        *rect = screenRect(*m_widget);
+    host().called("GetWindowRect", nameOf(m_widget), shownRect(*rect));
+}
+
+void CWnd::MoveWindow(const RECT& rect, bool repaint)
+{
+    host().called("MoveWindow", list(nameOf(m_widget), shownRect(rect), shown(repaint)));
+    if (m_widget != nullptr)
+        m_widget->setGeometry(toQRect(rect));
+}
+
+void CWnd::Invalidate(bool erase)
+{
+    host().called("Invalidate", list(nameOf(m_widget), shown(erase)));
+}
+
+void CListBox::ResetContent()
+{
+    host().called("ResetContent", nameOf(widget()));
+    if (QListWidget* rows = listOf(*this))
+        rows->clear();
+}
+
+int CListBox::AddString(const wchar_t* text)
+{
+    QListWidget* const rows = listOf(*this);
+    if (rows != nullptr)
+        rows->addItem(quelhost::toQString(text));
+    const int row = rows == nullptr ? -1 : rows->count() - 1;
+    host().called("AddString", list(nameOf(widget()), shown(text)), shown(row));
+    return row;
+}
+
+int CListBox::GetCount() const
+{
+    const QListWidget* const rows = listOf(*this);
+    const int count = rows == nullptr ? 0 : rows->count();
+    host().called("GetCount", nameOf(widget()), shown(count));
+    return count;
+}
+
+int CListBox::GetCurSel() const
+{
+    const QListWidget* const rows = listOf(*this);
+    const int row = rows == nullptr ? -1 : rows->currentRow();
+    host().called("GetCurSel", nameOf(widget()), shown(row));
+    return row;
+}
+
+int CListBox::SetCurSel(int row)
+{
+    QListWidget* const rows = listOf(*this);
+    if (rows != nullptr)
+        rows->setCurrentRow(row);
+    const int result = rows == nullptr ? -1 : rows->currentRow();
+    host().called("SetCurSel", list(nameOf(widget()), shown(row)), shown(result));
+    return result;
+}
+
+int CListBox::GetText(int row, CStdStr<wchar_t>& text) const
+{
+    const QListWidget* const rows = listOf(*this);
+    const QListWidgetItem* const item = rows == nullptr ? nullptr : rows->item(row);
+    if (item != nullptr)
+        text = quelhost::toWide(item->text());
+    const int length = item == nullptr ? -1 : static_cast<int>(text.size());
+    host().called("GetText", list(nameOf(widget()), shown(row)), shown(length));
+    return length;
+}
+
+int CListBox::DeleteString(int row)
+{
+    QListWidget* const rows = listOf(*this);
+    int left = -1;
+    if (rows != nullptr && rows->item(row) != nullptr) {
+        const bool selected = rows->currentRow() == row;
+        delete rows->takeItem(row);
+        if (selected)
+            rows->setCurrentRow(-1);
+        left = rows->count();
+    }
+    host().called("DeleteString", list(nameOf(widget()), shown(row)), shown(left));
+    return left;
+}
+
+QuUiBaseDialog::QuUiBaseDialog(QWidget* parent)
+    : QDialog(parent)
+{}
+QuUiBaseDialog::~QuUiBaseDialog() = default;
+
+int QuUiBaseDialog::DoModal()
+{
+    const int result = host().modalResults.take();
+    host().called("DoModal", "", shown(result));
+    if (m_controlsGenerated)
+        OnInitDialog();
+    if (host().whileModal)
+        host().whileModal(*this);
+    return result;
+}
+
+void QuUiBaseDialog::OnOK()
+{
+    host().called("OnOK", "");
+    done(Accepted);
+}
+
+bool QuUiBaseDialog::OnInitDialog()
+{
+    host().called("OnInitDialog", "", "true");
+    DoDataExchange(nullptr);
+    return true;
+}
+
+void QuUiBaseDialog::DoDataExchange(CDataExchange*)
+{
+    host().called("DoDataExchange", "");
+}
+
+void QuUiBaseDialog::bindSingals()
+{
+    host().called("bindSingals", "");
+    auto* const ok = findChild<QAbstractButton*>(QStringLiteral("IDOK"));
+    if (ok != nullptr && !CheckIfConnected(L"IDOK"))
+        connect(ok, &QAbstractButton::clicked, this, [this] { OnOK(); });
+    auto* const cancel = findChild<QAbstractButton*>(QStringLiteral("IDCANCEL"));
+    if (cancel != nullptr && !CheckIfConnected(L"IDCANCEL"))
+        connect(cancel, &QAbstractButton::clicked, this, &QDialog::reject);
+}
+
+bool QuUiBaseDialog::generateUICtrls(const wchar_t* dialogName, const wchar_t* resourceName,
+                                     int option1, int option2, int option3)
+{
+    const bool result = host().controlsGenerated.take();
+    host().called("generateUICtrls",
+                  list(shown(dialogName), shown(resourceName), shown(option1), shown(option2),
+                       shown(option3)),
+                  shown(result));
+    if (result && host().makeControls)
+        host().makeControls(*this);
+    return result;
+}
+
+QWidget* QuUiBaseDialog::getWidgetsFromOrignal(const wchar_t* objectName) const
+{
+    auto* const widget = findChild<QWidget*>(quelhost::toQString(objectName));
+    host().called("getWidgetsFromOrignal", shown(objectName), nameOf(widget));
+    return widget;
+}
+
+bool QuUiBaseDialog::CheckIfConnected(const wchar_t* objectName) const
+{
+    const bool result = host().connectedControls.count(objectName) > 0;
+    host().called("CheckIfConnected", shown(objectName), shown(result));
+    return result;
+}
+
+CWnd* QuUiBaseDialog::GetDlgItem(const wchar_t* objectName) const
+{
+    auto* const widget = findChild<QWidget*>(quelhost::toQString(objectName));
+    host().called("GetDlgItem", shown(objectName), nameOf(widget));
+    if (widget == nullptr)
+        return nullptr;
+    return &(new DialogItem(widget, widget))->window;
+}
+
+void QuUiBaseDialog::DDX_Control(CDataExchange*, const wchar_t* objectName, CWnd& member)
+{
+    auto* const widget = findChild<QWidget*>(quelhost::toQString(objectName));
+    host().called("DDX_Control", shown(objectName), nameOf(widget));
+    member.attach(widget);
+}
+
+int QuUiBaseDialog::MessageBoxW(const wchar_t* text, const wchar_t* caption, unsigned int flags)
+{
+    const int result = host().boxes.take();
+    host().called("QuUiBaseDialog::MessageBoxW",
+                  list(shown(text), shown(caption), hexadecimal(flags)), shown(result));
+    return result;
+}
+
+void QuUiBaseDialog::GetClientRect(RECT* rect) const
+{
+    *rect = {0, 0, width(), height()};
+    host().called("GetClientRect", "", shownRect(*rect));
+}
+
+void QuUiBaseDialog::GetWindowRect(RECT* rect) const
+{
+    *rect = screenRect(*this);
+    host().called("QuUiBaseDialog::GetWindowRect", "", shownRect(*rect));
+}
+
+void QuUiBaseDialog::MoveWindow(const RECT& rect, bool repaint)
+{
+    host().called("QuUiBaseDialog::MoveWindow", list(shownRect(rect), shown(repaint)));
+    setGeometry(toQRect(rect));
+}
+
+void QuUiBaseDialog::ScreenToClient(RECT* rect) const
+{
+    const QPoint corner = mapToGlobal(QPoint(0, 0));
+    const RECT before = *rect;
+    *rect = {rect->left - corner.x(), rect->top - corner.y(), rect->right - corner.x(),
+             rect->bottom - corner.y()};
+    host().called("ScreenToClient", shownRect(before), shownRect(*rect));
+}
+
+void quelInvokeHelp(QuUiBaseDialog* dialog)
+{
+    host().called("quelInvokeHelp", dialog == nullptr ? "null" : "dialog");
+}

@@ -1,0 +1,102 @@
+// The resource functions of the recording host.
+#include "host/resources.h"
+
+#include "tests/support/recordinghost.h"
+#include "tests/support/tracetext.h"
+
+#include "refhost/core/widetext.h"
+
+#include <algorithm>
+
+using recording::host;
+using recording::list;
+using recording::MaybeText;
+using recording::shown;
+
+// A handle is the entry of its file in a table that is never emptied.
+struct QuelResource
+{
+    std::wstring file;
+};
+
+namespace {
+
+QuelResourceHandle handleOf(const std::wstring& file)
+{
+    static std::map<std::wstring, QuelResource> files;
+    QuelResource& resource = files[file];
+    resource.file = file;
+    return &resource;
+}
+
+// The resource of that file; nothing when there is none.
+const MaybeText* findText(const std::wstring& file, unsigned int id)
+{
+    const auto texts = host().resources.find(file);
+    if (texts == host().resources.end())
+        return nullptr;
+    const auto text = texts->second.find(id);
+    return text == texts->second.end() ? nullptr : &text->second;
+}
+
+// Writes the text and makes every character behind it a wrong one.
+int copyTo(const MaybeText* text, wchar_t* buffer, int room)
+{
+    std::fill_n(buffer, room, L'#');
+    const std::wstring all = text == nullptr ? L"" : text->value_or(L"");
+    const std::size_t length = all.copy(buffer, static_cast<std::size_t>(room - 1));
+    buffer[length] = L'\0';
+    return static_cast<int>(length);
+}
+
+} // namespace
+
+bool SetCurrentResourceName(const wchar_t* name)
+{
+    return host().enterScope("SetCurrentResourceName", name, host().globalScope);
+}
+
+void RestorePreviousResource()
+{
+    host().called("RestorePreviousResource", "");
+    host().leaveScope();
+}
+
+QuelResourceHandle AfxGetResourceHandle()
+{
+    const std::wstring& file = host().resourceStack.back();
+    host().called("AfxGetResourceHandle", "", quelhost::toUtf8(file));
+    return handleOf(file);
+}
+
+int LoadStringW(QuelResourceHandle resource, unsigned int id, wchar_t* buffer, int maxChars)
+{
+    host().lastLoadBuffer = buffer;
+    const std::size_t line = host().trace.size();
+    host().called("LoadStringW",
+                  list(quelhost::toUtf8(resource->file), shown(id), shown(maxChars)));
+    const int result = host().loadString ? host().loadString(id, buffer, maxChars)
+                                         : copyTo(findText(resource->file, id), buffer, maxChars);
+    host().trace[line] += " -> " + shown(result);
+    return result;
+}
+
+QuString qumdQuResourceString(unsigned int id, const wchar_t* defaultText)
+{
+    host().defaultTexts[id] = defaultText == nullptr ? MaybeText() : MaybeText(defaultText);
+    const MaybeText* text = findText(host().resourceStack.back(), id);
+    QuString result(defaultText);
+    if (text != nullptr)
+        result = *text ? QuString((*text)->c_str()) : QuString();
+    host().called("qumdQuResourceString", list(shown(id), shown(defaultText)), shown(result));
+    return result;
+}
+
+bool QuString::loadString(unsigned int id)
+{
+    const MaybeText* text = findText(host().resourceStack.back(), id);
+    host().called("loadString", shown(id), shown(text != nullptr));
+    if (text != nullptr)
+        *this = *text ? QuString((*text)->c_str()) : QuString();
+    return text != nullptr;
+}
