@@ -7,6 +7,7 @@
 #include "refhost/core/commandrun.h"
 #include "refhost/core/commandstore.h"
 #include "refhost/core/crashrecorder.h"
+#include "refhost/core/face.h"
 #include "refhost/core/filesearch.h"
 #include "refhost/core/hostcommand.h"
 #include "refhost/core/modulerecord.h"
@@ -15,6 +16,7 @@
 #include "refhost/core/resources.h"
 #include "refhost/core/shownmenugroups.h"
 #include "refhost/core/storedconfig.h"
+#include "refhost/core/textface.h"
 #include "refhost/core/variables.h"
 
 #include <deque>
@@ -38,6 +40,7 @@ struct HostSetup
     QString aliasFile;
     std::wstring mainMenuName; // what MENUNAME starts with
     QStringList searchFolders;
+    QString helpFolder;
     bool hasDisplay = false;
     bool reportStatus = false;
 };
@@ -78,6 +81,11 @@ public:
     [[nodiscard]] bool dialogsAllowed() const { return !documentHasNoDialogs(); }
     [[nodiscard]] bool hasDisplay() const { return m_hasDisplay; }
 
+    // How boxes, the file dialog and help are shown. In text until another face is given, which the
+    // caller owns and which outlives its use.
+    [[nodiscard]] Face& face() { return *m_face; }
+    void setFace(Face& face) { m_face = &face; }
+
     QuelCustomizationManager* customizationManager() override { return &groups; }
     QuelAppInterface* applicationInterface() { return this; }
 
@@ -102,6 +110,8 @@ private:
     void tellUnknown(const QString& name);
     [[nodiscard]] QStringList completionWords() const;
 
+    TextFace m_textFace;
+    Face* m_face = &m_textFace;
     const FileSearch m_files;
     const bool m_hasDisplay;
     const bool m_reportStatus;

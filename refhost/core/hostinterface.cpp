@@ -5,6 +5,7 @@
 #include "host/cstdstr.h"
 #include "host/customization.h"
 #include "host/errors.h"
+#include "host/filedialog.h"
 #include "host/messageboxes.h"
 #include "host/output.h"
 #include "host/prompts.h"
@@ -13,7 +14,6 @@
 #include "host/variables.h"
 #include "refhost/core/host.h"
 #include "refhost/core/keywords.h"
-#include "refhost/core/messageboxes.h"
 #include "refhost/core/typedformat.h"
 #include "refhost/core/widetext.h"
 
@@ -220,9 +220,10 @@ void promptf(const wchar_t* format, ...)
 
 // host/messageboxes.h
 
-int MessageBoxW(CWnd*, const wchar_t* text, const wchar_t*, unsigned int flags)
+int MessageBoxW(CWnd*, const wchar_t* text, const wchar_t* caption, unsigned int flags)
 {
-    return quelhost::askMessageBox(host().prompts, host().output, textOrEmpty(text), flags);
+    const wchar_t* shown = caption == nullptr ? GetOemProductName() : caption;
+    return host().face().askBox({textOrEmpty(text), shown, flags});
 }
 
 int MessageBoxW(const wchar_t* text, const wchar_t* caption, unsigned int flags)
@@ -235,9 +236,32 @@ int AfxMessageBox(const wchar_t* text, unsigned int style, unsigned int)
     return MessageBoxW(nullptr, text, nullptr, style);
 }
 
+// The console has no window, and boxes find theirs themselves.
+CWnd* AfxGetMainWnd()
+{
+    return nullptr;
+}
+
 const wchar_t* GetOemProductName()
 {
     return L"Quelhost";
+}
+
+// host/filedialog.h
+
+int vxGetFileDialog(const wchar_t* title, const wchar_t* initialPath, const wchar_t*, int,
+                    resbuf* result, bool*, int& filterIndex, const wchar_t* filters, const wchar_t*)
+{
+    const QString filterList = quelhost::toQString(textOrEmpty(filters));
+    const std::optional<quelhost::PickedFile> picked = host().face().pickFile(
+        {quelhost::toQString(textOrEmpty(title)), quelhost::toQString(textOrEmpty(initialPath)),
+         filterList.split(QLatin1Char('|'), Qt::SkipEmptyParts), filterIndex});
+    if (!picked)
+        return QuelStatus::kCancelled;
+    result->type = QuelResultType::kString;
+    result->value.string = newString(quelhost::toWide(picked->path));
+    filterIndex = picked->filterIndex;
+    return QuelStatus::kNormal;
 }
 
 // host/settings.h, host/customization.h, host/aliases.h

@@ -35,7 +35,7 @@ InstalledFiles InstalledFiles::beside(const QString& programFolder)
         return QDir::cleanPath(prefix.absoluteFilePath(QLatin1String(name)));
     };
     const QString installedModule = file("lib/quelhost/libVxCuiCmds.so");
-    return {file("share/quelhost/resources"),
+    return {file("share/quelhost/resources"), file("share/quelhost/help"),
             QFileInfo::exists(installedModule) ? installedModule : file("lib/libVxCuiCmds.so"),
             file("share/quelhost/examples/queld.cuix"), file("share/quelhost/examples/QUELD.pgp")};
 }
@@ -107,8 +107,8 @@ Status Session::startHost(const InstalledFiles& files, const MakeLines& makeLine
     m_host = std::make_unique<Host>(
         HostSetup{*m_settings, *m_lines, m_output, files.resources, m_options.language,
                   m_profile->aliasFile(), withoutExtension(m_profile->mainFile()),
-                  QStringList{m_profile->folder()} + m_options.supportFolders, hasDisplay,
-                  m_options.reportStatus});
+                  QStringList{m_profile->folder()} + m_options.supportFolders, files.help,
+                  hasDisplay, m_options.reportStatus});
     for (const auto& [name, value] : m_options.variables) {
         const Status set = m_host->variables.set(name, value);
         if (!set)

@@ -14,6 +14,7 @@ namespace quelhost {
 struct InstalledFiles
 {
     QString resources;   // folder of the resource files
+    QString help;        // folder of the help pages
     QString module;      // the command module that is loaded when none is named
     QString mainPackage; // what the main customization file of a new profile is made from
     QString aliasFile;   // likewise its alias file

@@ -592,5 +592,17 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
     <message id="package-xml-utf8"><source>The byte %1 is not part of UTF-8 text.</source><translation>Das Byte %1 ist kein Teil von UTF-8-Text.</translation></message>
     <message id="package-zip-damaged"><source>The ZIP archive is damaged: its table of contents is missing or contradicts the rest.</source><translation>Das ZIP-Archiv ist beschädigt: Sein Inhaltsverzeichnis fehlt oder widerspricht dem Rest.</translation></message>
     <message id="package-zip-overlap"><source>The entries "%1" and "%2" share bytes of the archive.</source><translation>Die Einträge „%1“ und „%2“ teilen sich Bytes des Archivs.</translation></message>
+    <message id="prompt-file">
+        <source>File: </source>
+        <translation>Datei: </translation>
+    </message>
+    <message id="file-not-there">
+        <source>There is no file %1.</source>
+        <translation>Die Datei %1 gibt es nicht.</translation>
+    </message>
+    <message id="help-missing">
+        <source>There is no help on %1.</source>
+        <translation>Zu %1 gibt es keine Hilfe.</translation>
+    </message>
 </context>
 </TS>

@@ -592,5 +592,17 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
     <message id="package-xml-utf8"><source>The byte %1 is not part of UTF-8 text.</source><translation>The byte %1 is not part of UTF-8 text.</translation></message>
     <message id="package-zip-damaged"><source>The ZIP archive is damaged: its table of contents is missing or contradicts the rest.</source><translation>The ZIP archive is damaged: its table of contents is missing or contradicts the rest.</translation></message>
     <message id="package-zip-overlap"><source>The entries "%1" and "%2" share bytes of the archive.</source><translation>The entries "%1" and "%2" share bytes of the archive.</translation></message>
+    <message id="prompt-file">
+        <source>File: </source>
+        <translation>File: </translation>
+    </message>
+    <message id="file-not-there">
+        <source>There is no file %1.</source>
+        <translation>There is no file %1.</translation>
+    </message>
+    <message id="help-missing">
+        <source>There is no help on %1.</source>
+        <translation>There is no help on %1.</translation>
+    </message>
 </context>
 </TS>

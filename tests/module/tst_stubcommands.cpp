@@ -43,7 +43,6 @@ INSTANTIATE_TEST_SUITE_P(Commands, EachStub,
                          testing::Values(StubRow{"CUILOAD", newCommand<Quel6940Command>},
                                          StubRow{"CUIUNLOAD", newCommand<Quel6941Command>},
                                          StubRow{"MENUUNLOAD", newCommand<Quel6917Command>},
-                                         StubRow{"MENU", newCommand<Quel6915Command>},
                                          StubRow{"CUSTOMIZE", newCommand<Quel60005Command>},
                                          StubRow{"REINIT", newCommand<Quel6935Command>}),
                          [](const auto& row) { return std::string(row.param.name); });

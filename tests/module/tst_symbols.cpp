@@ -196,12 +196,19 @@ bool isStandardOrQt(const QString& header)
 
 } // namespace
 
-TEST(Symbols, ShowsItsEntryPointAndItsTextLookupOnly)
+TEST(Symbols, ShowsItsEntryPointAndItsPublicFunctionsOnly)
 {
     Texts names;
     for (const Symbol& symbol : symbols("--defined-only --demangle"))
         names.insert(symbol.name);
-    EXPECT_EQ(names, (Texts{"GetQuelCmdApplication", "qumdQuResourceString(unsigned int)"}));
+    EXPECT_EQ(names, (Texts{"GetQuelCmdApplication", "IsRunAsCmdLineCommand()",
+                            "IsSupportMenuExt(CStdStr<wchar_t> const&)",
+                            "MenuLoadReplaceAll(CStdStr<wchar_t> const&)",
+                            "getMenuFilePathByCmd(CStdStr<wchar_t>&)",
+                            "getMenuFilePathByDialog(CStdStr<wchar_t>&, CStdStr<wchar_t> const&)",
+                            "getMenuFullPath(IQuelBuildInCommandContext*, CStdStr<wchar_t> const&, "
+                            "CStdStr<wchar_t>&)",
+                            "qumdQuResourceString(unsigned int)"}));
 }
 
 TEST(Symbols, ShowsFunctionsOnly)
