@@ -19,7 +19,7 @@ target_compile_options(quel_build_flags INTERFACE
     -Wold-style-cast -Wzero-as-null-pointer-constant
     $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override>
     # A string object handed to a function with "..." compiles without a word otherwise.
-    -Werror=conditionally-supported)
+    $<$<CXX_COMPILER_ID:GNU>:-Werror=conditionally-supported>)
 if(QUEL_WERROR)
     target_compile_options(quel_build_flags INTERFACE -Werror)
 endif()
@@ -27,6 +27,10 @@ if(QUEL_SANITIZE)
     target_compile_options(quel_build_flags INTERFACE
         -fsanitize=${QUEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(quel_build_flags INTERFACE -fsanitize=${QUEL_SANITIZE})
+endif()
+if(QUEL_FUZZ)
+    target_compile_options(quel_build_flags INTERFACE -fsanitize=fuzzer-no-link)
+    target_link_options(quel_build_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 if(QUEL_COVERAGE)
     target_compile_options(quel_build_flags INTERFACE --coverage -fprofile-update=atomic)

@@ -2,7 +2,9 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstdint>
 #include <poll.h>
+#include <sys/eventfd.h>
 #include <unistd.h>
 
 namespace quelhost {
@@ -22,19 +24,38 @@ struct KeptModes
 };
 KeptModes kept;
 
+// Becomes readable with each note, so that whoever waits for input wakes up, in whichever thread
+// the system runs the handler. It stays open as long as the process lives.
+std::atomic<int> wakeUp{-1};
+
+void note(std::atomic<bool>& what)
+{
+    const int error = errno;
+    what = true;
+    const std::uint64_t one = 1;
+    static_cast<void>(::write(wakeUp, &one, sizeof one) == sizeof one);
+    errno = error;
+}
+
 void noteInterrupt(int)
 {
-    interrupted = true;
+    note(interrupted);
 }
 
 void noteResize(int)
 {
-    resized = true;
+    note(resized);
 }
 
 void noteContinue(int)
 {
-    continued = true;
+    note(continued);
+}
+
+void prepareWakeUp()
+{
+    if (wakeUp < 0)
+        wakeUp = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
 }
 
 void restoreModes(int action)
@@ -76,7 +97,7 @@ void restoreAndStop(int signal)
     ::pthread_sigmask(SIG_UNBLOCK, &stop, &before);
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
     ::sigaction(signal, &own, nullptr);
-    continued = true;
+    note(continued);
     errno = error;
 }
 
@@ -84,28 +105,6 @@ bool somethingNoted()
 {
     return interrupted || resized || continued;
 }
-
-// Blocks the noted signals as long as it lives.
-class Blocked
-{
-public:
-    Blocked()
-    {
-        sigset_t noted;
-        sigemptyset(&noted);
-        for (const int signal : {SIGINT, SIGWINCH, SIGCONT, SIGTSTP})
-            sigaddset(&noted, signal);
-        ::pthread_sigmask(SIG_BLOCK, &noted, &m_before);
-    }
-    ~Blocked() { ::pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
-    Blocked(const Blocked&) = delete;
-    Blocked& operator=(const Blocked&) = delete;
-
-    [[nodiscard]] const sigset_t* before() const { return &m_before; }
-
-private:
-    sigset_t m_before = {};
-};
 
 } // namespace
 
@@ -117,6 +116,7 @@ SignalAction::SignalAction(int signal, void (*handler)(int), int flags)
         (m_previous.sa_flags & SA_SIGINFO) == 0 && m_previous.sa_handler == SIG_DFL;
     if (!isDefault)
         return;
+    prepareWakeUp();
     struct sigaction action = {};
     action.sa_handler = handler;
     action.sa_flags = flags;
@@ -177,20 +177,20 @@ bool takeContinue()
 
 InputState waitForInput(int descriptor, int timeoutMs)
 {
-    pollfd request = {descriptor, POLLIN, 0};
-    if (::poll(&request, 1, 0) > 0)
-        return InputState::Ready;
-    // A signal between the look at the notes and the wait would be slept through otherwise.
-    const Blocked blocked;
-    const timespec time = {timeoutMs / 1000, (timeoutMs % 1000) * 1'000'000L};
-    while (!somethingNoted()) {
-        const int count = ::ppoll(&request, 1, timeoutMs < 0 ? nullptr : &time, blocked.before());
+    for (;;) {
+        pollfd requests[] = {{descriptor, POLLIN, 0}, {wakeUp, POLLIN, 0}};
+        const int count = ::poll(requests, 2, timeoutMs);
         if (count == 0)
             return InputState::TimedOut;
-        if (count > 0 || errno != EINTR)
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0 || requests[0].revents != 0)
             return InputState::Ready;
+        std::uint64_t notes = 0;
+        static_cast<void>(::read(wakeUp, &notes, sizeof notes) == sizeof notes);
+        if (somethingNoted())
+            return InputState::Signalled;
     }
-    return InputState::Signalled;
 }
 
 } // namespace quelhost

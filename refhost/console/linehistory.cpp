@@ -73,9 +73,12 @@ void LineHistory::load()
         return fail(qtTrId("console-history-unreadable").arg(m_path, file.errorString()));
     m_mayWrite = true;
     const QList<QByteArray> lines = content.split('\n');
-    for (const QByteArray& line : lines)
+    for (QByteArray line : lines) {
+        if (line.endsWith('\r'))
+            line.chop(1);
         keep(withoutTrailingBlanks(
             lenientText({line.constData(), static_cast<std::size_t>(line.size())})));
+    }
 }
 
 void LineHistory::keep(std::wstring line)

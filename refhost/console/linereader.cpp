@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -21,6 +22,13 @@ bool isRegularFile(int descriptor)
     return ::fstat(descriptor, &information) == 0 && S_ISREG(information.st_mode);
 }
 
+// Waiting for something to read would never end otherwise.
+bool canBeRead(int descriptor)
+{
+    const int flags = ::fcntl(descriptor, F_GETFL);
+    return flags != -1 && (flags & O_ACCMODE) != O_WRONLY;
+}
+
 } // namespace
 
 std::wstring lenientText(std::string_view utf8)
@@ -33,6 +41,7 @@ std::wstring lenientText(std::string_view utf8)
 LineReader::LineReader(int descriptor)
     : m_descriptor(descriptor)
     , m_mayBlock(!isRegularFile(descriptor))
+    , m_ended(!canBeRead(descriptor))
 {}
 
 LineReader::Read LineReader::read()

@@ -41,8 +41,8 @@ private:
 
     const int m_descriptor;
     const bool m_mayBlock;
+    bool m_ended; // or cannot be read at all
     bool m_atStart = true;
-    bool m_ended = false;
     std::string m_line;       // what is kept of the current line
     std::size_t m_length = 0; // how many bytes of it have come
 };

@@ -17,9 +17,10 @@ std::optional<std::wstring> FileSearch::find(const std::wstring& name) const
     if (wanted.isEmpty())
         return std::nullopt;
     for (const QString& folder : QStringList{QDir::currentPath()} + m_folders) {
-        const QFileInfo candidate(QDir(folder), wanted); // an absolute name ignores the folder
-        if (candidate.isFile())
-            return toWide(QDir::cleanPath(candidate.absoluteFilePath()));
+        // An absolute name ignores the folder. ".." is left to the system, which may follow a link.
+        const QString path = QDir(QDir(folder).absolutePath()).absoluteFilePath(wanted);
+        if (QFileInfo(path).isFile())
+            return toWide(path);
     }
     return std::nullopt;
 }

@@ -97,11 +97,13 @@ void Host::runTyped(const QString& name)
 {
     if (name.isEmpty())
         return;
+    const QString aliased = aliases.commandFor(name);
     IQuelCommandFactory* factory = commands.find(name);
-    if (factory == nullptr)
-        factory = commands.find(aliases.commandFor(name));
+    if (factory == nullptr && !aliased.isEmpty())
+        factory = commands.find(aliased);
     if (factory == nullptr) {
-        tellUnknown(name);
+        tellUnknown(aliased.isEmpty() ? name : aliased);
+        static_cast<void>(prompts.takeTypedAhead()); // answers, and nobody to take them
         return;
     }
     m_lastCommand = name;
@@ -128,7 +130,10 @@ int Host::run(IQuelCommandFactory& factory, bool commandLineOnly)
 
 void Host::tellUnknown(const QString& name)
 {
-    const QStringList nearest = nearestNames(completionWords(), name);
+    // An alias of that very name stands for another command that is unknown.
+    QStringList known = completionWords();
+    known.removeAll(name.toUpper());
+    const QStringList nearest = nearestNames(known, name);
     const QString sentence =
         nearest.isEmpty()
             ? qtTrId("command-unknown").arg(name)

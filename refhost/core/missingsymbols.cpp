@@ -40,8 +40,9 @@ public:
                 continue;
             for (std::size_t at = 0; at + sizeof(T) <= section.sh_size; at += sizeof(T)) {
                 T record;
-                if (read(section.sh_offset + at, &record, sizeof record))
-                    visit(record, section.sh_link);
+                if (!read(section.sh_offset + at, &record, sizeof record))
+                    break;
+                visit(record, section.sh_link);
             }
         }
     }
@@ -134,8 +135,10 @@ QStringList missingSymbols(const char* path, const QString& loaderMessage)
     const int named = loaderMessage.indexOf(QLatin1String(kUndefined));
     if (named < 0)
         return {};
+    // Behind the name a version may follow: ", version NAME".
     const QString first = loaderMessage.mid(named + static_cast<int>(std::strlen(kUndefined)));
-    QStringList names{readable(first.section(QLatin1Char(' '), 0, 0).toUtf8())};
+    const QString name = first.section(QLatin1Char(' '), 0, 0).section(QLatin1Char(','), 0, 0);
+    QStringList names{readable(name.toUtf8())};
 
     QFile source(QFile::decodeName(path));
     if (!source.open(QIODevice::ReadOnly))
@@ -145,9 +148,9 @@ QStringList missingSymbols(const char* path, const QString& loaderMessage)
     file.forEach<Symbol>(SHT_DYNSYM, [&](const Symbol& symbol, unsigned int strings) {
         const bool needed =
             symbol.st_shndx == SHN_UNDEF && ELF64_ST_BIND(symbol.st_info) == STB_GLOBAL;
-        const QByteArray name = needed ? file.string(strings, symbol.st_name) : QByteArray();
-        if (!name.isEmpty() && !isDefined(name, libraries))
-            names << readable(name);
+        const QByteArray symbolName = needed ? file.string(strings, symbol.st_name) : QByteArray();
+        if (!symbolName.isEmpty() && !isDefined(symbolName, libraries))
+            names << readable(symbolName);
     });
     names.removeDuplicates();
     return names;

@@ -32,6 +32,8 @@ ModuleRecord::~ModuleRecord()
 
 Status ModuleRecord::start(IQuelCommandStore& store)
 {
+    if (m_state == State::Registered)
+        return Done{};
     Status loaded = load();
     if (!loaded)
         return loaded;

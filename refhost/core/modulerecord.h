@@ -28,7 +28,7 @@ public:
 
     // Loads the library, initializes the application object and registers its commands. The fault
     // names the way it failed: no such file, not a library, symbols that this host lacks, no entry
-    // point, or a module that is not ready.
+    // point, or a module that is not ready. Without effect when it is up already.
     // REQUIRES: `store` outlives the record.
     [[nodiscard]] Status start(IQuelCommandStore& store);
 

@@ -3,9 +3,22 @@
 #include "refhost/core/widetext.h"
 
 #include <cerrno>
+#include <poll.h>
 #include <unistd.h>
 
 namespace quelhost {
+
+namespace {
+
+// Whether the descriptor takes more after all. One that does not wait by itself may belong to a
+// terminal that another program has left so.
+bool waitUntilWritable(int descriptor)
+{
+    struct pollfd wanted = {descriptor, POLLOUT, 0};
+    return ::poll(&wanted, 1, -1) >= 0 || errno == EINTR;
+}
+
+} // namespace
 
 void Output::write(std::wstring_view text)
 {
@@ -35,6 +48,8 @@ void DescriptorOutput::put(const std::string& utf8)
     while (written < utf8.size()) {
         const ssize_t count = ::write(m_descriptor, utf8.data() + written, utf8.size() - written);
         if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0 && errno == EAGAIN && waitUntilWritable(m_descriptor))
             continue;
         if (count <= 0)
             return;

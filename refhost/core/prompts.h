@@ -46,8 +46,12 @@ public:
     [[nodiscard]] bool isScript() const { return m_source.isScript(); }
     // Whether the input has ended; every further prompt is cancelled.
     [[nodiscard]] bool hasEnded() const { return m_ended; }
-    // Lets the input end now.
-    void end() { m_ended = true; }
+    // Lets the input end now; what was typed ahead is dropped.
+    void end()
+    {
+        m_ended = true;
+        m_ahead.clear();
+    }
     // The rest of the current line, taken as it stands; empty when nothing was typed ahead.
     [[nodiscard]] std::wstring takeTypedAhead() { return std::exchange(m_ahead, {}); }
 

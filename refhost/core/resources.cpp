@@ -39,11 +39,11 @@ bool installHostTexts(const QString& resourceFolder, const QString& language)
     bool english = false;
     while (!languages.isEmpty()) {
         const QString next = languages.takeLast();
-        auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
+        auto* translator = new QTranslator(QCoreApplication::instance()); // which owns it
         if (!translator->load(translationFile(resourceFolder + QStringLiteral("/quelhost"), next)))
             continue;
         english = english || next == QLatin1String("en");
-        QCoreApplication::installTranslator(translator.release());
+        QCoreApplication::installTranslator(translator);
     }
     return english;
 }

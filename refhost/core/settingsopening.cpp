@@ -137,7 +137,7 @@ Status Opening::openPresent()
         return openForReadingOnly();
     Result<SettingsDatabase::Pointer> opened = SettingsDatabase::openForWriting(m_file);
     if (!opened) {
-        const Fault why = opened.fault();
+        const Fault& why = opened.fault();
         if (why.kind == FaultKind::Damaged)
             return replace(Finding::Damaged);
         if (!mayStillBeRead(why))

@@ -1,6 +1,7 @@
 #include "refhost/core/storedconfig.h"
 
 #include "refhost/core/settingsstore.h"
+#include "refhost/core/widetext.h"
 
 namespace quelhost {
 
@@ -46,6 +47,8 @@ int StoredConfig::setValue(Path category, const wchar_t* key, const QuelVariant&
     case QuelVariant::kString:
         return write(Item::string(category, key, value.stringOrEmpty()));
     default:
+        m_report(
+            {FaultKind::BadInput, qtTrId("settings-kind-refused").arg(toQString(key)), {}, 0, 0});
         return kFailed;
     }
 }

@@ -604,5 +604,9 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
         <source>There is no help on %1.</source>
         <translation>Zu %1 gibt es keine Hilfe.</translation>
     </message>
+    <message id="settings-kind-refused">
+        <source>The setting "%1" was not stored: only integers and texts can be.</source>
+        <translation>Die Einstellung „%1“ wurde nicht gespeichert: Nur ganze Zahlen und Texte sind möglich.</translation>
+    </message>
 </context>
 </TS>

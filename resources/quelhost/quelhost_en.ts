@@ -604,5 +604,9 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
         <source>There is no help on %1.</source>
         <translation>There is no help on %1.</translation>
     </message>
+    <message id="settings-kind-refused">
+        <source>The setting "%1" was not stored: only integers and texts can be.</source>
+        <translation>The setting "%1" was not stored: only integers and texts can be.</translation>
+    </message>
 </context>
 </TS>

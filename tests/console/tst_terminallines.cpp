@@ -269,6 +269,8 @@ TEST_F(TerminalLines, TakeALargePaste)
     m_terminal.write(paste);
     for (int i = 0; i < 500; ++i)
         ASSERT_TRUE(m_terminal.expect("TEXT[line " + QByteArray::number(i) + " of a long paste]"));
+    // As it was typed and as it came back, but not as the terminal's own echo.
+    EXPECT_EQ(m_terminal.transcript().count("line 250 of a long paste"), 2);
     EXPECT_TRUE(ends());
 }
 
