@@ -84,9 +84,16 @@ int showVariable(Host& host)
     return printRows(host, {QStringLiteral("%1 = %2").arg(name->toUpper(), shownValue(*value))});
 }
 
+// The rest of the line, without the blanks before Enter, which belong to no answer.
+std::wstring takeRest(Host& host)
+{
+    const std::wstring typed = host.prompts.takeTypedAhead();
+    return typed.substr(0, typed.find_last_not_of(L" \t") + 1);
+}
+
 int showSettings(Host& host)
 {
-    const std::wstring key = host.prompts.takeTypedAhead();
+    const std::wstring key = takeRest(host);
     const Result<std::vector<Item>> items = host.settings.all();
     if (!items)
         return reported(host, items.fault());

@@ -20,6 +20,7 @@
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 using quelhost::Answer;
 using quelhost::AnswerEnd;
@@ -149,6 +150,7 @@ int quedInitGet(int flags, const wchar_t* keywords)
 
 int quedGetString(int cronly, const wchar_t* prompt, wchar_t* answer)
 {
+    host().promptOptions = {}; // they are for one prompt
     const LineRequest request{textOrEmpty(prompt), Completion::Paths, {}};
     const Answer given =
         host().prompts.ask(request, cronly == 0 ? AnswerEnd::Blank : AnswerEnd::Enter);
@@ -160,7 +162,7 @@ int quedGetString(int cronly, const wchar_t* prompt, wchar_t* answer)
 
 int quedGetKword(const wchar_t* prompt, wchar_t* answer)
 {
-    const QStringList keywords = host().promptOptions.keywords;
+    const QStringList keywords = std::exchange(host().promptOptions, {}).keywords;
     const LineRequest request{textOrEmpty(prompt), Completion::Keywords, keywords};
     for (;;) {
         const Answer given = host().prompts.ask(request, AnswerEnd::Blank);

@@ -21,7 +21,7 @@ struct TestHostKind
     bool reportStatus = false;
     QString language = QStringLiteral("en");
     SettingsAccess access = SettingsAccess::ReadWrite;
-    QStringList searchFolders;
+    QStringList searchFolders = {};
 };
 
 // One at a time, like the host in it. The alias file of the profile is not there unless a test
