@@ -113,6 +113,8 @@ int printSettings(const Options& options)
 
 int runSession(const Options& options, const InstalledFiles& files, Output& output, bool hasDisplay)
 {
+    if (options.window)
+        return fail(kNotDone, qtTrId("program-no-window"));
     const auto lines = [&](const Profile& profile) { return makeLines(options, profile, output); };
     Result<std::unique_ptr<Session>> session =
         Session::open(options, files, lines, output, hasDisplay);

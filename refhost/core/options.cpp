@@ -110,16 +110,13 @@ Result<Options> parseOptions(const QStringList& arguments)
     return options;
 }
 
+// What is wrong with the other arguments is told later, in this language.
 QString languageOption(const QStringList& arguments)
 {
-    const QString prefix = QStringLiteral("--lang=");
-    for (int i = 0; i < arguments.size(); ++i) {
-        if (arguments.at(i) == QLatin1String("--lang") && i + 1 < arguments.size())
-            return arguments.at(i + 1);
-        if (arguments.at(i).startsWith(prefix))
-            return arguments.at(i).mid(prefix.size());
-    }
-    return {};
+    QCommandLineParser parser;
+    describe(parser);
+    static_cast<void>(parser.parse(QStringList{QStringLiteral("quelhost")} + arguments));
+    return parser.value(QStringLiteral("lang"));
 }
 
 } // namespace quelhost

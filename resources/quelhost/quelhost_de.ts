@@ -608,5 +608,9 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
         <source>The setting "%1" was not stored: only integers and texts can be.</source>
         <translation>Die Einstellung „%1“ wurde nicht gespeichert: Nur ganze Zahlen und Texte sind möglich.</translation>
     </message>
+    <message id="program-no-window">
+        <source>This version has no window; leave out --window to use the terminal.</source>
+        <translation>Diese Version hat kein Fenster; ohne --window wird das Terminal benutzt.</translation>
+    </message>
 </context>
 </TS>

@@ -608,5 +608,9 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
         <source>The setting "%1" was not stored: only integers and texts can be.</source>
         <translation>The setting "%1" was not stored: only integers and texts can be.</translation>
     </message>
+    <message id="program-no-window">
+        <source>This version has no window; leave out --window to use the terminal.</source>
+        <translation>This version has no window; leave out --window to use the terminal.</translation>
+    </message>
 </context>
 </TS>

@@ -9,7 +9,7 @@
 class ResultRecord
 {
 public:
-    ResultRecord() = default;
+    ResultRecord() { m_record.type = QuelResultType::kNone; }
     ~ResultRecord()
     {
         freeString();
@@ -38,8 +38,8 @@ public:
     }
 
 private:
-    // Cleared, so that a host that gives no value leaves none behind.
-    resbuf m_record{nullptr, QuelResultType::kNone, {}};
+    // All of it is zero, so that a host that gives no value leaves none behind.
+    resbuf m_record = resbuf();
 };
 
 // Whether FILEDIA allows file dialogs: its 16-bit value is 1, whatever the status of the read.

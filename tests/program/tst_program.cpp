@@ -294,3 +294,11 @@ TEST_F(Program, PlaysTheTourTwice)
     EXPECT_FALSE(first.output.contains(text("Unknown command"))) << first.output.toStdString();
     EXPECT_EQ(run.run().exitStatus, 0);
 }
+
+TEST_F(Program, SaysThatItHasNoWindow)
+{
+    const ProgramResult result = folders.script(QString(), {text("--window")}).run();
+    EXPECT_EQ(result.exitStatus, 1);
+    EXPECT_TRUE(isOneSentence(result.diagnostics)) << result.diagnostics.toStdString();
+    EXPECT_FALSE(QFileInfo::exists(folders.profile()));
+}
