@@ -81,9 +81,9 @@ const QuelResource* Resources::find(const QString& name)
     const QString suffix = QStringLiteral(".dll");
     if (!name.endsWith(suffix) || name.contains(QLatin1Char('/')))
         return nullptr;
-    auto file =
-        QuelResource::open(QDir(m_folder).filePath(name.chopped(suffix.size())), m_languages);
-    return m_files.emplace(name, std::move(file)).first->second.get();
+    std::unique_ptr<QuelResource>& file = m_files[name];
+    file = QuelResource::open(QDir(m_folder).filePath(name.chopped(suffix.size())), m_languages);
+    return file.get();
 }
 
 } // namespace quelhost

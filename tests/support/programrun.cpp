@@ -29,7 +29,7 @@ protected:
             std::signal(SIGXFSZ, SIG_IGN); // a write then fails as on a full disk
         }
         const auto user = static_cast<uid_t>(m_user);
-        if (user != 0 &&
+        if (user != 0 && ::geteuid() == 0 &&
             (::setgroups(0, nullptr) != 0 || ::setgid(user) != 0 || ::setuid(user) != 0))
             ::_exit(99);
     }
