@@ -241,7 +241,10 @@ std::optional<LimitedXml::Token> LimitedXml::takeStart()
         fail(m_element.place, qtTrId("package-xml-attributes").arg(m_limits.attributes));
         return std::nullopt;
     }
-    const std::vector<TextPlace> places = attributePlaces();
+    // Where the reader and the places disagree, as behind a second byte order mark, an attribute is
+    // told at the place of its element.
+    std::vector<TextPlace> places = attributePlaces();
+    places.resize(static_cast<std::size_t>(attributes.size()), m_element.place);
     m_nameBytes += m_element.name.toUtf8().size();
     for (int i = 0; i < attributes.size(); ++i) {
         const QString name = attributes.at(i).qualifiedName().toString();

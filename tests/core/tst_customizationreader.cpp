@@ -556,3 +556,13 @@ TEST(CustomizationReader, staysBoundedWhateverIsWrong)
     EXPECT_EQ(reading.faults.back().sentence.toStdString(),
               "The names of elements and attributes together are longer than 262144 bytes.");
 }
+
+TEST(CustomizationReader, SurvivesASecondByteOrderMark)
+{
+    const QByteArray xml = "\xEF\xBB\xBF\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                           "<!-- remark -->\n<customization format=\"1\">"
+                           "<menugroup name=\"X\"/></customization>\n";
+    const quelhost::CustomizationReading reading =
+        quelhost::readCustomization(xml, QStringLiteral("x.xml"), {});
+    EXPECT_TRUE(!reading.faults.empty() || reading.group.name == QStringLiteral("X"));
+}

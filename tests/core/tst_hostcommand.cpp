@@ -121,6 +121,18 @@ TEST(HostCommands, SettingsAreListed)
     EXPECT_EQ(listed(L"SETTINGS cuix"), Rows{"There is no such setting."});
 }
 
+TEST(HostCommands, SettingsThatCannotBeReadAreTold)
+{
+    TestHost test({L"SETTINGS"}, {Typist::Person, false, true});
+    ASSERT_EQ(told(test.settings->write(Item::string(4, L"K", L"good"))), "done");
+    ASSERT_TRUE(runSql(test.profile.file("settings.db"), "UPDATE item SET value = x'61'"));
+    testing::internal::CaptureStderr();
+    const Rows rows = answersOf(test);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "SETTINGS\t-5001\n");
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_NE(rows[0].find("settings.db"), std::string::npos) << rows[0];
+}
+
 TEST(HostCommands, GroupsAliasesAndCommandsAreListed)
 {
     {

@@ -120,6 +120,11 @@ TEST_F(Sessions, WhatMakesItImpossibleIsSaidInOneSentence)
         {"the alias file of new profiles is not there",
          [](Options&, InstalledFiles& files) { files.aliasFile = QStringLiteral("/QUELD.pgp"); },
          FaultKind::NotFound, "/QUELD.pgp"},
+        {"a variable that there is not",
+         [](Options& options, InstalledFiles&) {
+             options.variables.emplace_back(QStringLiteral("COLOUR"), QStringLiteral("1"));
+         },
+         FaultKind::NotFound, "COLOUR"},
         {"a profile below a file",
          [](Options& options, InstalledFiles& files) {
              options.profile = files.aliasFile + QStringLiteral("/profile");

@@ -1,4 +1,5 @@
 // Sessions on profiles that are held, cannot be written, or lost something.
+#include "refhost/core/settingsfiles.h"
 #include "tests/core/childprocess.h"
 #include "tests/core/sessionfixture.h"
 
@@ -68,4 +69,39 @@ TEST_F(Sessions, AProfileThatCannotBeMadeIsSaidInOneSentence)
         runInChild([&] { return becomeOrdinaryUser() ? run() : "not another user"; });
     EXPECT_EQ(rowsOf(end.output).size(), 1U) << end.output;
     EXPECT_NE(end.output.find("closed/profile"), std::string::npos) << end.output;
+}
+
+TEST_F(Sessions, SettingsOfANewerVersionAreLeftAlone)
+{
+    run();
+    // 'Q', 'S', 2 and its complement 253.
+    ASSERT_TRUE(runSql(inProfile("settings.db"), "PRAGMA user_version = 1364394749"));
+    const QByteArray before = bytesOf(inProfile("settings.db"));
+    const Result<std::unique_ptr<Session>> session = open();
+    ASSERT_FALSE(session);
+    EXPECT_EQ(session.fault().kind, FaultKind::BadInput);
+    EXPECT_EQ(bytesOf(inProfile("settings.db")), before);
+}
+
+TEST_F(Sessions, StarterFilesThatCannotBeWrittenAreToldAndTheSessionRuns)
+{
+    ASSERT_TRUE(QDir().mkpath(inProfile("QUELD.pgp/inside")));
+    const std::string printed = run({L"ECHO on"});
+    EXPECT_NE(printed.find("\non\n"), std::string::npos) << printed;
+    EXPECT_NE(printed.find(inProfile("QUELD.pgp").toStdString()), std::string::npos) << printed;
+}
+
+TEST_F(Sessions, AGoodCopyThatCannotBeRenewedIsTold)
+{
+    run();
+    Result<std::unique_ptr<Session>> session = open();
+    ASSERT_TRUE(session);
+    ASSERT_TRUE(QFile::remove(goodCopyFile(m_options.profile)));
+    ASSERT_TRUE(QDir().mkpath(goodCopyFile(m_options.profile) + QStringLiteral("/inside")));
+    static_cast<void>(m_output.take());
+    session.value()->run();
+    const Rows rows = rowsOf(m_output.take());
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[0].rfind("Command: ", 0), 0U);
+    EXPECT_NE(rows[1].find("good copy"), std::string::npos) << rows[1];
 }

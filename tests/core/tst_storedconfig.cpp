@@ -229,6 +229,8 @@ TEST(StoredConfig, ADamagedItemCannotBeReadAndIsTold)
     QuelVariant value = integer(5);
     EXPECT_NE(config.getValue(kUser, kKey, value), 0);
     EXPECT_EQ(value.integerOrZero(), 5);
-    ASSERT_FALSE(reports.empty());
+    ASSERT_EQ(reports.size(), 1U);
     EXPECT_EQ(reports[0].kind, FaultKind::Damaged);
+    EXPECT_FALSE(config.isItemExist(kUser, kKey));
+    EXPECT_EQ(reports.size(), 2U);
 }

@@ -43,6 +43,7 @@ public:
         }
     }
     void closeInput() { m_input = quelhost::FileDescriptor(); }
+    void closeOutput() { m_output = quelhost::FileDescriptor(); }
 
     // Waits until all that was written has been read.
     void waitUntilRead() const
