@@ -1,5 +1,6 @@
 #include "refhost/console/program.h"
 
+#include "refhost/console/consoledialogs.h"
 #include "refhost/console/scriptlines.h"
 #include "refhost/console/terminallines.h"
 #include "refhost/core/display.h"
@@ -9,8 +10,7 @@
 #include "refhost/core/session.h"
 #include "refhost/core/settingslisting.h"
 #include "refhost/core/widetext.h"
-
-#include <QApplication>
+#include "refhost/dialogs/modalrun.h"
 
 #include <csignal>
 #include <cstdio>
@@ -61,7 +61,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv, bool h
         return std::make_unique<QCoreApplication>(argc, argv);
     if (!hasDisplay)
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    return std::make_unique<QApplication>(argc, argv);
+    return std::make_unique<HostApplication>(argc, argv);
 }
 
 QString environmentLanguage()
@@ -116,10 +116,14 @@ int runSession(const Options& options, const InstalledFiles& files, Output& outp
     if (options.window)
         return fail(kNotDone, qtTrId("program-no-window"));
     const auto lines = [&](const Profile& profile) { return makeLines(options, profile, output); };
+    std::unique_ptr<ConsoleDialogs> dialogs; // used by the session's host
     Result<std::unique_ptr<Session>> session =
         Session::open(options, files, lines, output, hasDisplay);
     if (!session)
         return fail(kNotDone, session.fault().text());
+    if (hasDisplay)
+        dialogs = std::make_unique<ConsoleDialogs>(session.value()->host(),
+                                                   HelpPages{files.help, options.language});
     session.value()->run();
     return kEndedNormally;
 }
@@ -140,6 +144,7 @@ int runProgram(int argc, char** argv)
     if (!installHostTexts(files.resources, language))
         return fail(kNotDone,
                     QStringLiteral("its own texts are missing from %1").arg(files.resources));
+    installToolkitTexts(language);
 
     Result<Options> parsed = parseOptions(arguments);
     if (!parsed)

@@ -10,36 +10,28 @@
 
 namespace quelhost {
 
-namespace {
-
-struct Button
-{
-    int answer;
-    QString englishName;
-    QString localName;
-};
-
-// The buttons of a box, the safe one last. None for a box with OK alone.
-std::vector<Button> buttons(unsigned int flags)
+std::vector<BoxButton> boxButtons(unsigned int flags)
 {
     constexpr unsigned int kButtonMask = 0x0F;
+    const BoxButton ok{QuelBox::kAnswerOk, QStringLiteral("OK"), qtTrId("box-ok")};
     switch (flags & kButtonMask) {
     case QuelBox::kOkCancel:
-        return {{QuelBox::kAnswerOk, QStringLiteral("OK"), qtTrId("box-ok")},
-                {QuelBox::kAnswerCancel, QStringLiteral("Cancel"), qtTrId("box-cancel")}};
+        return {ok, {QuelBox::kAnswerCancel, QStringLiteral("Cancel"), qtTrId("box-cancel")}};
     case QuelBox::kYesNo:
         return {{QuelBox::kAnswerYes, QStringLiteral("Yes"), qtTrId("box-yes")},
                 {QuelBox::kAnswerNo, QStringLiteral("No"), qtTrId("box-no")}};
     default:
-        return {};
+        return {ok};
     }
 }
 
+namespace {
+
 // The local name goes before the English one where a letter begins both of different buttons.
-int answerOf(const std::vector<Button>& all, const QString& typed)
+int answerOf(const std::vector<BoxButton>& all, const QString& typed)
 {
-    for (const auto& name : {&Button::localName, &Button::englishName}) {
-        for (const Button& button : all) {
+    for (const auto& name : {&BoxButton::localName, &BoxButton::englishName}) {
+        for (const BoxButton& button : all) {
             const QString full = button.*name;
             if (full.compare(typed, Qt::CaseInsensitive) == 0 ||
                 full.left(1).compare(typed, Qt::CaseInsensitive) == 0)
@@ -54,11 +46,11 @@ int answerOf(const std::vector<Button>& all, const QString& typed)
 int askMessageBox(Prompts& prompts, Output& output, const std::wstring& text, unsigned int flags)
 {
     output.writeRow(text);
-    const std::vector<Button> all = buttons(flags);
-    if (all.empty())
+    const std::vector<BoxButton> all = boxButtons(flags);
+    if (all.size() == 1)
         return QuelBox::kAnswerOk;
     QStringList names;
-    for (const Button& button : all)
+    for (const BoxButton& button : all)
         names << button.localName;
     const LineRequest request{toWide(QStringLiteral("[%1]: ").arg(names.join(QLatin1Char('/')))),
                               Completion::Keywords, names};

@@ -1,12 +1,25 @@
-// Message boxes as questions on the command line.
+// Message boxes: their buttons, and how they are asked on the command line.
 #pragma once
 
 #include "refhost/core/output.h"
 #include "refhost/core/prompts.h"
 
+#include <QString>
+
 #include <string>
+#include <vector>
 
 namespace quelhost {
+
+struct BoxButton
+{
+    int answer; // of host/messageboxes.h
+    QString englishName;
+    QString localName;
+};
+
+// The buttons of a box, the safe one last.
+[[nodiscard]] std::vector<BoxButton> boxButtons(unsigned int flags);
 
 // Shows `text` and, where there is something to choose, asks until one of the buttons is named: by
 // its English name, its name in the user's language, or the first letter of either. Returns the

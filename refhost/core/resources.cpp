@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QLibraryInfo>
 
 namespace quelhost {
 
@@ -32,24 +33,49 @@ QStringList languageFallbacks(const QString& language)
     return result;
 }
 
-bool installHostTexts(const QString& resourceFolder, const QString& language)
+std::vector<std::unique_ptr<QTranslator>> installTexts(const QString& folder,
+                                                       const QString& language)
 {
+    std::vector<std::unique_ptr<QTranslator>> installed;
     // The translator installed last is asked first.
     QStringList languages = languageFallbacks(language);
-    bool english = false;
     while (!languages.isEmpty()) {
-        const QString next = languages.takeLast();
-        auto* translator = new QTranslator(QCoreApplication::instance()); // which owns it
-        if (!translator->load(translationFile(resourceFolder + QStringLiteral("/quelhost"), next)))
+        auto translator = std::make_unique<QTranslator>();
+        if (!translator->load(translationFile(folder, languages.takeLast())))
             continue;
-        english = english || next == QLatin1String("en");
-        QCoreApplication::installTranslator(translator);
+        QCoreApplication::installTranslator(translator.get());
+        installed.push_back(std::move(translator));
     }
-    return english;
+    return installed;
+}
+
+bool installHostTexts(const QString& resourceFolder, const QString& language)
+{
+    const QString folder = resourceFolder + QStringLiteral("/quelhost");
+    const QString english = translationFile(folder, QStringLiteral("en"));
+    bool hasEnglish = false;
+    for (std::unique_ptr<QTranslator>& translator : installTexts(folder, language)) {
+        hasEnglish = hasEnglish || translator->filePath() == english;
+        translator.release()->setParent(QCoreApplication::instance()); // which owns it
+    }
+    return hasEnglish;
+}
+
+void installToolkitTexts(const QString& language)
+{
+    auto* texts = new QTranslator(QCoreApplication::instance()); // which owns it
+    const QString folder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+    for (const QString& each : languageFallbacks(language)) {
+        if (texts->load(QStringLiteral("qtbase_%1").arg(each), folder)) {
+            QCoreApplication::installTranslator(texts);
+            return;
+        }
+    }
 }
 
 Resources::Resources(const QString& folder, const QString& language)
     : m_folder(folder)
+    , m_language(language)
     , m_languages(languageFallbacks(language))
     , m_none(QuelResource::open(QString(), {}))
 {

@@ -59,6 +59,9 @@ public:
     // Never null.
     [[nodiscard]] const QuelResource* current() const { return m_stack.back(); }
 
+    [[nodiscard]] const QString& folder() const { return m_folder; }
+    [[nodiscard]] const QString& language() const { return m_language; }
+
     // How many scopes are open. The host compares it before and after a run.
     [[nodiscard]] std::size_t depth() const { return m_stack.size() - 1; }
 
@@ -66,14 +69,23 @@ private:
     const QuelResource* find(const QString& name);
 
     const QString m_folder;
+    const QString m_language;
     const QStringList m_languages;
     std::map<QString, std::unique_ptr<QuelResource>> m_files;
     std::unique_ptr<QuelResource> m_none;
     std::vector<const QuelResource*> m_stack;
 };
 
+// Makes the texts of the resource file in `folder` answer qtTrId, fallbacks included, as long as
+// the result lives.
+[[nodiscard]] std::vector<std::unique_ptr<QTranslator>> installTexts(const QString& folder,
+                                                                     const QString& language);
+
 // Installs the host's own sentences (qtTrId) for a language on the application, fallbacks included.
 // Returns whether the English ones, on which everything rests, were found.
 [[nodiscard]] bool installHostTexts(const QString& resourceFolder, const QString& language);
+
+// Installs the toolkit's own texts, those of its file dialog for one, where they are there.
+void installToolkitTexts(const QString& language);
 
 } // namespace quelhost

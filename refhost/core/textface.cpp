@@ -3,15 +3,14 @@
 #include "refhost/core/messageboxes.h"
 #include "refhost/core/widetext.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace quelhost {
 
-TextFace::TextFace(Prompts& prompts, Output& output, QString helpFolder)
+TextFace::TextFace(Prompts& prompts, Output& output, HelpPages help)
     : m_prompts(prompts)
     , m_output(output)
-    , m_helpFolder(std::move(helpFolder))
+    , m_help(std::move(help))
 {}
 
 int TextFace::askBox(const BoxRequest& request)
@@ -36,10 +35,8 @@ std::optional<PickedFile> TextFace::pickFile(const FileRequest& request)
 
 void TextFace::showHelp(const QString& page)
 {
-    QFile file(QStringLiteral("%1/%2.txt").arg(m_helpFolder, page));
-    const QString text = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll())
-                                                        : qtTrId("help-missing").arg(page);
-    m_output.writeRow(toWide(text.trimmed()));
+    const Result<QString> text = helpText(m_help, page);
+    m_output.writeRow(toWide(text ? text.value() : text.fault().text()));
 }
 
 } // namespace quelhost

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "refhost/core/face.h"
+#include "refhost/core/helppages.h"
 #include "refhost/core/output.h"
 #include "refhost/core/prompts.h"
 
@@ -10,9 +11,8 @@ namespace quelhost {
 class TextFace : public Face
 {
 public:
-    // `helpFolder` holds the help pages as text.
     // REQUIRES: both services outlive the face.
-    TextFace(Prompts& prompts, Output& output, QString helpFolder);
+    TextFace(Prompts& prompts, Output& output, HelpPages help);
 
     [[nodiscard]] int askBox(const BoxRequest& request) override;
     // Asks for a path under the title until it is that of an existing file; Enter cancels.
@@ -22,7 +22,7 @@ public:
 private:
     Prompts& m_prompts;
     Output& m_output;
-    const QString m_helpFolder;
+    const HelpPages m_help;
 };
 
 } // namespace quelhost

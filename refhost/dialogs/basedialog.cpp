@@ -1,28 +1,87 @@
 #include "host/dialogs.h"
 
-#include "refhost/core/host.h"
+#include "host/messageboxes.h"
 #include "refhost/core/widetext.h"
+#include "refhost/dialogs/dialogdescription.h"
+#include "refhost/dialogs/dialogservices.h"
+#include "refhost/dialogs/modalrun.h"
 
-using quelhost::Host;
+#include <QAbstractButton>
+#include <QMetaMethod>
+#include <QResizeEvent>
+
+#include <map>
+
+using quelhost::toQString;
 
 namespace {
 
+constexpr int kResultOk = 1;
+constexpr int kResultOther = 2;
 constexpr int kNotShown = -1;
+
+constexpr wchar_t kOkButton[] = L"IDOK";
+constexpr wchar_t kCancelButton[] = L"IDCANCEL";
+
+// A class may have the slot or not: it is looked up by its signature.
+void deliverSize(QObject& dialog, const QSize& size)
+{
+    const QMetaObject& about = *dialog.metaObject();
+    const int slot = about.indexOfMethod("OnSize(uint,int,int)");
+    if (slot < 0)
+        return;
+    about.method(slot).invoke(&dialog, Qt::DirectConnection, Q_ARG(unsigned int, 0U),
+                              Q_ARG(int, size.width()), Q_ARG(int, size.height()));
+}
+
+// Only objects themselves may ask who listens to them.
+struct Listeners : QObject
+{
+    static int count(const QObject& object, const char* signal)
+    {
+        return (object.*(&Listeners::receivers))(signal);
+    }
+};
 
 } // namespace
 
+struct QuUiBaseDialog::Private
+{
+    // The controls by their widgets, as GetDlgItem gives them out.
+    std::map<const QWidget*, CWnd> controls;
+    bool sizesDelivered = false;
+};
+
 QuUiBaseDialog::QuUiBaseDialog(QWidget* parent)
     : QDialog(parent)
-{}
+    , m_private(std::make_unique<Private>())
+{
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
 
 QuUiBaseDialog::~QuUiBaseDialog() = default;
 
 int QuUiBaseDialog::DoModal()
 {
-    Host& host = *Host::current();
-    const char* why = host.hasDisplay() ? "dialog-no-controls" : "dialog-no-display";
-    host.output.writeRow(quelhost::toWide(qtTrId(why)));
-    return kNotShown;
+    if (!quelhost::canShowDialogs()) {
+        quelhost::tellOnCommandLine(qtTrId("dialog-no-display"));
+        return kNotShown;
+    }
+    if (!m_controlsGenerated) {
+        quelhost::tellOnCommandLine(qtTrId("dialog-no-controls"));
+        return kNotShown;
+    }
+    deliverSize(*this, size());
+    m_private->sizesDelivered = true;
+    OnInitDialog();
+    return quelhost::runModal(*this) == QDialog::Accepted ? kResultOk : kResultOther;
+}
+
+void QuUiBaseDialog::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    if (m_private->sizesDelivered)
+        deliverSize(*this, event->size());
 }
 
 void QuUiBaseDialog::OnOK()
@@ -38,16 +97,85 @@ bool QuUiBaseDialog::OnInitDialog()
 
 void QuUiBaseDialog::DoDataExchange(CDataExchange*) {}
 
-void QuUiBaseDialog::bindSingals() {}
+void QuUiBaseDialog::bindSingals()
+{
+    const auto* const ok = qobject_cast<QAbstractButton*>(getWidgetsFromOrignal(kOkButton));
+    if (ok != nullptr && !CheckIfConnected(kOkButton))
+        connect(ok, &QAbstractButton::clicked, this, [this] { OnOK(); });
+    const auto* const cancel = qobject_cast<QAbstractButton*>(getWidgetsFromOrignal(kCancelButton));
+    if (cancel != nullptr && !CheckIfConnected(kCancelButton))
+        connect(cancel, &QAbstractButton::clicked, this, &QDialog::reject);
+}
 
-CWnd::CWnd(QWidget* widget)
-    : m_widget(widget)
-{}
+bool QuUiBaseDialog::generateUICtrls(const wchar_t* dialogName, const wchar_t* resourceName, int,
+                                     int, int)
+{
+    const quelhost::Status built =
+        quelhost::buildDialog(*this, {quelhost::dialogResourceFolder(), toQString(resourceName),
+                                      toQString(dialogName), quelhost::dialogLanguage()});
+    if (!built)
+        quelhost::tellOnCommandLine(built.fault().text());
+    return static_cast<bool>(built);
+}
 
-CWnd::~CWnd() = default;
+QWidget* QuUiBaseDialog::getWidgetsFromOrignal(const wchar_t* objectName) const
+{
+    return findChild<QWidget*>(toQString(objectName));
+}
 
-CButton::CButton() = default;
-CButton::~CButton() = default;
+bool QuUiBaseDialog::CheckIfConnected(const wchar_t* objectName) const
+{
+    const QWidget* const widget = getWidgetsFromOrignal(objectName);
+    if (widget == nullptr)
+        return false;
+    return Listeners::count(*widget, SIGNAL(clicked(bool))) > 0;
+}
 
-CListBox::CListBox() = default;
-CListBox::~CListBox() = default;
+CWnd* QuUiBaseDialog::GetDlgItem(const wchar_t* objectName) const
+{
+    QWidget* const widget = getWidgetsFromOrignal(objectName);
+    if (widget == nullptr)
+        return nullptr;
+    return &m_private->controls.try_emplace(widget, widget).first->second;
+}
+
+void QuUiBaseDialog::DDX_Control(CDataExchange*, const wchar_t* objectName, CWnd& member)
+{
+    member.attach(getWidgetsFromOrignal(objectName));
+}
+
+int QuUiBaseDialog::MessageBoxW(const wchar_t* text, const wchar_t* caption, unsigned int flags)
+{
+    const wchar_t* const title = caption == nullptr ? GetOemProductName() : caption;
+    return quelhost::askBoxOverDialog({text == nullptr ? L"" : text, title, flags});
+}
+
+void QuUiBaseDialog::GetClientRect(RECT* rect) const
+{
+    *rect = {0, 0, width(), height()};
+}
+
+void QuUiBaseDialog::GetWindowRect(RECT* rect) const
+{
+    const QPoint corner = mapToGlobal(QPoint(0, 0));
+    *rect = {corner.x(), corner.y(), corner.x() + width(), corner.y() + height()};
+}
+
+void QuUiBaseDialog::MoveWindow(const RECT& rect, bool repaint)
+{
+    setGeometry(rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top);
+    if (repaint)
+        update();
+}
+
+void QuUiBaseDialog::ScreenToClient(RECT* rect) const
+{
+    const QPoint corner = mapToGlobal(QPoint(0, 0));
+    *rect = {rect->left - corner.x(), rect->top - corner.y(), rect->right - corner.x(),
+             rect->bottom - corner.y()};
+}
+
+void quelInvokeHelp(QuUiBaseDialog* dialog)
+{
+    quelhost::showDialogHelp(dialog->objectName());
+}

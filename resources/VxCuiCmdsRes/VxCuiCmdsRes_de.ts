@@ -89,5 +89,65 @@ Loading "%s" success.group:%s</source>
         <source>Do you want to unload menu?</source>
         <translation>Soll das Menü entfernt werden?</translation>
     </message>
+    <message id="IDD_MENU_LOAD_DLG.title">
+        <source>Load and Unload Customization Files</source>
+        <translation>Anpassungsdateien laden und entladen</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_GRPFILE">
+        <source>Customization file</source>
+        <translation>Anpassungsdatei</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_GRPMENU">
+        <source>Loaded menu groups</source>
+        <translation>Geladene Menügruppen</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAF_FILENAME">
+        <source>&amp;File name:</source>
+        <translation>Datei&amp;name:</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_EDITCMD.name">
+        <source>Customization file to load</source>
+        <translation>Zu ladende Anpassungsdatei</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_EDITCMD.placeholder">
+        <source>Path of a .cuix file</source>
+        <translation>Pfad einer .cuix-Datei</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_LIST.name">
+        <source>Loaded menu groups</source>
+        <translation>Geladene Menügruppen</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_BROWSE">
+        <source>&amp;Browse...</source>
+        <translation>&amp;Durchsuchen...</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_BROWSE.tip">
+        <source>Pick the file to load</source>
+        <translation>Die zu ladende Datei auswählen</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_LOAD">
+        <source>&amp;Load</source>
+        <translation>&amp;Laden</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_LOAD.tip">
+        <source>Load the named file</source>
+        <translation>Die genannte Datei laden</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_BTNUNLOAD">
+        <source>&amp;Unload</source>
+        <translation>&amp;Entladen</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_BTNUNLOAD.tip">
+        <source>Unload the selected group. The first one, of the main file, stays loaded.</source>
+        <translation>Die ausgewählte Gruppe entladen. Die erste, die der Hauptdatei, bleibt geladen.</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDOK">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="IDD_MENU_LOAD_DLG.IDC_MENULOAD_HELP">
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
 </context>
 </TS>

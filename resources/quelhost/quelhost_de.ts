@@ -612,5 +612,33 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
         <source>This version has no window; leave out --window to use the terminal.</source>
         <translation>Diese Version hat kein Fenster; ohne --window wird das Terminal benutzt.</translation>
     </message>
+    <message id="dialog-missing">
+        <source>The dialog cannot be shown: its description %1 is not there.</source>
+        <translation>Der Dialog kann nicht angezeigt werden: Seine Beschreibung %1 fehlt.</translation>
+    </message>
+    <message id="dialog-damaged">
+        <source>The dialog cannot be shown: its description %1 is damaged: %2</source>
+        <translation>Der Dialog kann nicht angezeigt werden: Seine Beschreibung %1 ist beschädigt: %2</translation>
+    </message>
+    <message id="dialog-control-missing">
+        <source>it has no control %1.</source>
+        <translation>Das Element %1 fehlt.</translation>
+    </message>
+    <message id="dialog-control-wrong">
+        <source>its control %1 is no %2.</source>
+        <translation>Das Element %1 ist kein %2.</translation>
+    </message>
+    <message id="dialog-has-layout">
+        <source>it arranges its controls in a layout.</source>
+        <translation>Sie ordnet ihre Elemente in einem Layout an.</translation>
+    </message>
+    <message id="dialog-not-a-dialog">
+        <source>it describes no dialog.</source>
+        <translation>Sie beschreibt keinen Dialog.</translation>
+    </message>
+    <message id="help-title">
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
 </context>
 </TS>

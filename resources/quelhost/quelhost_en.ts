@@ -612,5 +612,33 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
         <source>This version has no window; leave out --window to use the terminal.</source>
         <translation>This version has no window; leave out --window to use the terminal.</translation>
     </message>
+    <message id="dialog-missing">
+        <source>The dialog cannot be shown: its description %1 is not there.</source>
+        <translation>The dialog cannot be shown: its description %1 is not there.</translation>
+    </message>
+    <message id="dialog-damaged">
+        <source>The dialog cannot be shown: its description %1 is damaged: %2</source>
+        <translation>The dialog cannot be shown: its description %1 is damaged: %2</translation>
+    </message>
+    <message id="dialog-control-missing">
+        <source>it has no control %1.</source>
+        <translation>it has no control %1.</translation>
+    </message>
+    <message id="dialog-control-wrong">
+        <source>its control %1 is no %2.</source>
+        <translation>its control %1 is no %2.</translation>
+    </message>
+    <message id="dialog-has-layout">
+        <source>it arranges its controls in a layout.</source>
+        <translation>it arranges its controls in a layout.</translation>
+    </message>
+    <message id="dialog-not-a-dialog">
+        <source>it describes no dialog.</source>
+        <translation>it describes no dialog.</translation>
+    </message>
+    <message id="help-title">
+        <source>Help</source>
+        <translation>Help</translation>
+    </message>
 </context>
 </TS>

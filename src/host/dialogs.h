@@ -12,6 +12,8 @@
 
 #include <QDialog>
 
+#include <memory>
+
 struct RECT
 {
     int left = 0;
@@ -112,6 +114,9 @@ public:
     // A dialog whose controls were not generated, and any dialog without a display, is not shown:
     // the host says so in one line and the result is -1. An exception out of a slot ends the dialog
     // and leaves this function.
+    //
+    // A dialog with an invokable slot OnSize(unsigned int type, int cx, int cy) is told its client
+    // size through it: the designed one once before OnInitDialog, then each new one. `type` is 0.
     int DoModal();
 
 protected:
@@ -158,4 +163,10 @@ protected:
     void MoveWindow(const RECT& rect, bool repaint);
     // Turns screen coordinates into client coordinates.
     void ScreenToClient(RECT* rect) const;
+
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    struct Private;
+    const std::unique_ptr<Private> m_private;
 };

@@ -45,6 +45,8 @@ int Quel6915Command::execute(IQuelBuildInCommandContext* context)
     if (status != QuelStatus::kNormal || path.empty())
         return status;
     path = trimmed(withoutOuterQuotes(trimmed(path)));
+    // What is found is dropped on purpose: the command looks whether there is a file, and MENULOAD
+    // loads it.
     CStdStr<wchar_t> resolved = path;
     if (getMenuFullPath(context, path, resolved) == 0) {
         printNotFound(path);

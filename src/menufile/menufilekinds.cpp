@@ -66,8 +66,8 @@ int IsSupportMenuExt(const CStdStr<wchar_t>& ext)
     std::wstring list = withoutOuterSeparators(textOrEmpty(kinds));
     if (list.find(L';') == list.npos)
         return equalInAnyCase(ext, L'.' + list) ? 1 : 0;
-    // An empty kind ends the search, and the last kind is left out, both on purpose: the kinds that
-    // count are those in front of a separator.
+    // An empty kind ends the search, and the last kind is never compared, both on purpose: the
+    // kinds that count are those in front of a separator.
     for (;;) {
         const int length = static_cast<int>(list.find(L';'));
         if (length < 1)
@@ -82,12 +82,13 @@ int IsSupportMenuExt(const CStdStr<wchar_t>& ext)
 int MenuLoadReplaceAll(const CStdStr<wchar_t>& path)
 {
     const GlobalResourceScope scope(kHostResourceFile);
+    // A name that is nothing but the extension is warned about, on purpose.
     const bool isLonger = path.size() > kMenuSourceLength;
     if (isLonger && equalInAnyCase(path.substr(path.size() - kMenuSourceLength), kMenuSource))
         return kGoOn;
     const QuString warning = qumdQuResourceString(kWarningId, kWarning);
     if (IsRunAsCmdLineCommand() != 0) {
-        quutPrintf(textOrEmpty(warning));
+        quutPrintf(textOrEmpty(warning)); // the finished text is the format, as in all messages
         return kGoOn;
     }
     const QuString question = qumdQuResourceString(kQuestionId, kQuestion);

@@ -34,8 +34,8 @@ struct DialogStart
     int filterIndex = 0;
 };
 
-// A stored value of the wrong kind counts as 0 or as the empty text, which replaces the caller's
-// location too.
+// A stored value of the wrong kind counts as 0 or as the empty text, which on purpose replaces the
+// caller's location too: whatever can be read counts.
 DialogStart readDialogStart(QueldConfig& store, const std::wstring& initial)
 {
     DialogStart start{initial, 0};
@@ -52,7 +52,8 @@ DialogStart readDialogStart(QueldConfig& store, const std::wstring& initial)
     return start;
 }
 
-// The whole path is remembered, not its folder: the dialog opens on the file chosen last.
+// The whole path is remembered, on purpose, although the setting's name says folder: the dialog
+// opens on the file chosen last.
 void rememberChoice(QueldConfig& store, int filterIndex, const std::wstring& path)
 {
     if (!store.isItemExist(kSettingsPath, SettingsKey::kFileDialog))
@@ -98,7 +99,7 @@ int getMenuFilePathByDialog(CStdStr<wchar_t>& path, const CStdStr<wchar_t>& init
     DialogStart start = readDialogStart(*store, initial);
     const QuString title = qumdQuResourceString(kTitleId, kTitle);
     const QuString filters = qumdQuResourceString(kFiltersId, kFilters);
-    const QuString kinds = menuFileKinds();
+    const QuString kinds = menuFileKinds(); // on purpose of the current file, not the host's
     ResultRecord result;
     const int status =
         vxGetFileDialog(title.kwszPtr(), start.location.c_str(), kinds.kwszPtr(), kPickExistingFile,
@@ -125,7 +126,8 @@ int getMenuFilePathByCmd(CStdStr<wchar_t>& path)
     quedInitGet(0, nullptr);
     if (status != QuelStatus::kNormal)
         return status;
-    // Only the first character counts: "./menu.cuix" means none as "." does.
+    // Only the first character counts, on purpose: "./menu.cuix" means none as "." does, and
+    // "~/menu.cuix" opens the dialog as "~" does.
     switch (answer.front()) {
     case L'\0':
         path = textOrEmpty(menuName.string());
@@ -144,10 +146,13 @@ int getMenuFilePathByCmd(CStdStr<wchar_t>& path)
 int getMenuFullPath(IQuelBuildInCommandContext* context, const CStdStr<wchar_t>& name,
                     CStdStr<wchar_t>& fullPath)
 {
+    // On purpose a name with the extension of a menu file is searched once, and with the blanks
+    // that may stand around it.
     if (hasMenuFileExtension(name))
         return findInHost(context, name, fullPath);
-    // Extensions pile up on purpose ("a.cuix", "a.cuix.mnu", ...), an empty kind ends the search
-    // and the last kind is never tried: users rely on which file wins.
+    // Extensions pile up ("a.cuix", "a.cuix.mnu", ...), an empty kind, even at the front, ends the
+    // search, and the last kind is never tried. All three are on purpose: users rely on which file
+    // wins.
     std::wstring candidate = name;
     std::wstring kinds = kindsOfHost();
     for (;;) {

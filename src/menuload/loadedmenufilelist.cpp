@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -25,9 +26,28 @@ QString toQString(std::wstring_view text)
            QString::fromWCharArray(rest.data(), static_cast<int>(rest.size()));
 }
 
+QString baseName(const QString& path)
+{
+    return QFileInfo(path).baseName();
+}
+
 QString identity(std::wstring_view path)
 {
-    return QFileInfo(toQString(path)).baseName().toUpper();
+    return baseName(toQString(path)).toUpper();
+}
+
+// Calls `take` with each entry in turn, empty ones included, until it returns true; returns whether
+// it did. A text without a separator is one entry.
+template<typename Take>
+bool findEntry(std::wstring_view text, const Take& take)
+{
+    for (std::size_t begin = 0; begin <= text.size();) {
+        const std::size_t end = std::min(text.find(kSeparator, begin), text.size());
+        if (take(text.substr(begin, end - begin)))
+            return true;
+        begin = end + 1;
+    }
+    return false;
 }
 
 bool isAscii(wchar_t character)
@@ -72,17 +92,42 @@ bool LoadedMenuFileList::isLoaded(const std::wstring& path) const
 {
     const QString wanted = identity(path);
     const std::wstring wantedWide = wanted.toStdWString();
-    const std::wstring_view text = m_text;
-    std::size_t begin = 0;
-    while (begin <= text.size()) {
-        const std::size_t end = std::min(text.find(kSeparator, begin), text.size());
-        const std::wstring_view entry = text.substr(begin, end - begin);
-        if (!surelyDiffers(entry, wantedWide) && identity(entry) == wanted &&
-            QFile::exists(toQString(entry)))
-            return true;
-        begin = end + 1;
-    }
-    return false;
+    return findEntry(m_text, [&](std::wstring_view entry) {
+        return !surelyDiffers(entry, wantedWide) && identity(entry) == wanted &&
+               QFile::exists(toQString(entry));
+    });
+}
+
+std::vector<std::wstring> LoadedMenuFileList::shownNames() const
+{
+    std::vector<std::wstring> names;
+    findEntry(m_text, [&](std::wstring_view entry) {
+        const QString path = toQString(entry);
+        if (QFile::exists(path))
+            names.push_back(baseName(path).toStdWString());
+        return false;
+    });
+    return names;
+}
+
+int LoadedMenuFileList::removeNamed(const std::wstring& name)
+{
+    int removed = 0;
+    std::wstring kept;
+    bool first = true;
+    findEntry(m_text, [&](std::wstring_view entry) {
+        if (baseName(toQString(entry)).toStdWString() == name) {
+            ++removed;
+            return false;
+        }
+        if (!std::exchange(first, false))
+            kept += kSeparator;
+        kept += entry;
+        return false;
+    });
+    if (removed > 0)
+        m_text = std::move(kept);
+    return removed;
 }
 
 void LoadedMenuFileList::append(const std::wstring& path)

@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 class LoadedMenuFileList
 {
@@ -27,6 +28,12 @@ public:
     // empty list as well: the host's own entry 0 may be the empty one.
     void append(const std::wstring& path);
 
+    // The base names, as written, of the entries whose file exists now, in list order. An entry's
+    // place here says nothing about its place in the list.
+    [[nodiscard]] std::vector<std::wstring> shownNames() const;
+    // Removes every entry of exactly this base name, whether its file exists or not, and returns
+    // how many there were. All others stay, empty entries and those whose file is gone included.
+    int removeNamed(const std::wstring& baseName);
     // Stores the list. The store tells the user when it cannot, so its result is not looked at.
     void write(QueldConfig& store) const;
 

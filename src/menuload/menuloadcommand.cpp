@@ -7,6 +7,7 @@
 #include "menuload/customizationmanager.h"
 #include "menuload/loadedmenufilelist.h"
 #include "menuload/menuloaddialog.h"
+#include "menuload/menuloadmessages.h"
 #include "module/resourcescopes.h"
 #include "module/resourcestring.h"
 #include "settings/systemvariables.h"
@@ -16,33 +17,14 @@
 
 namespace {
 
-// String resources. "Already loaded" has no text of the module's own.
+// String resources.
 constexpr unsigned int kPromptId = 11066;
 constexpr wchar_t kPrompt[] = L"Enter name of menu file to load:";
-constexpr unsigned int kNotFoundId = 11070;
-constexpr wchar_t kNotFound[] = L"Menu file load failed.  File not found:\"%s\"";
-constexpr unsigned int kAlreadyLoadedId = 11065;
 constexpr unsigned int kLoadedId = 11064;
 constexpr wchar_t kLoaded[] = L"\nLoading \"%s\" success.group:%s";
 
 // What one answer led to: a status that ends the command, or nothing to prompt again.
 using Outcome = std::optional<int>;
-
-// Says the same of a file that is missing and of one that is no customization file.
-void printNotFound(const wchar_t* path)
-{
-    const QuString format = qumdQuResourceString(kNotFoundId, kNotFound);
-    CStdStr<wchar_t> message;
-    message.Format(textOrEmpty(format), path);
-    quutPrintf(message.c_str());
-}
-
-void showAlreadyLoaded(const wchar_t* path)
-{
-    CStdStr<wchar_t> message;
-    message.Format(kAlreadyLoadedId, path);
-    MessageBoxW(message.c_str(), GetOemProductName(), QuelBox::kExclamation);
-}
 
 // The file has been put into the list; the first call shows it, the second asks for its group.
 void loadInHost(QuelCustomizationManager& manager, const wchar_t* path)
@@ -59,7 +41,7 @@ void loadInHost(QuelCustomizationManager& manager, const wchar_t* path)
 Outcome loadTypedFile(const wchar_t* path)
 {
     if (!isCustomizationFile(path)) {
-        printNotFound(path);
+        quutPrintf(menuFileNotFoundMessage(path).c_str());
         return std::nullopt;
     }
     QueldConfig* store = quelConfig();
@@ -69,7 +51,8 @@ Outcome loadTypedFile(const wchar_t* path)
     if (!list)
         return std::nullopt;
     if (list->isLoaded(path)) {
-        showAlreadyLoaded(path);
+        const CStdStr<wchar_t> message = menuFileAlreadyLoadedMessage(path);
+        MessageBoxW(message.c_str(), GetOemProductName(), QuelBox::kExclamation);
         return QuelStatus::kStopped;
     }
     list->append(path);

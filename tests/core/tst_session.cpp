@@ -1,5 +1,6 @@
 // Whole sessions on a profile: what is opened, in order, and told.
 #include "tests/core/sessionfixture.h"
+#include "tests/support/functioncommand.h"
 
 #include <QFile>
 
@@ -26,8 +27,6 @@ TEST_F(Sessions, ANewProfileHasEverything)
 
 TEST_F(Sessions, TheHostIsSetUpFromTheProfileAndTheOptions)
 {
-    ASSERT_TRUE(QDir().mkpath(m_program.folder().file("support")));
-    m_options.supportFolders << m_program.folder().file("support");
     m_options.variables.emplace_back(QStringLiteral("FILEDIA"), QStringLiteral("0"));
     m_options.language = QStringLiteral("de");
     {
@@ -49,6 +48,31 @@ TEST_F(Sessions, TheHostIsSetUpFromTheProfileAndTheOptions)
 
     m_options.variables.clear();
     EXPECT_NE(run({L"GETVAR FILEDIA"}).find("FILEDIA = 1\n"), std::string::npos);
+}
+
+TEST_F(Sessions, FilesAreSearchedInTheProfileAndThenInTheSupportFolders)
+{
+    const QString support = m_program.folder().file("support");
+    ASSERT_TRUE(QDir().mkpath(support));
+    m_options.supportFolders << support;
+    Result<std::unique_ptr<Session>> session = open({L"FIND"});
+    ASSERT_TRUE(session);
+    for (const char* name : {"/both", "/only"})
+        ASSERT_TRUE(setBytes(support + QString::fromLatin1(name), "s"));
+    ASSERT_TRUE(setBytes(inProfile("both"), "p"));
+    const auto found = [](IQuelBuildInCommandContext& context, const wchar_t* name) {
+        wchar_t path[1024] = {};
+        return context.findFile(name, path) == 0 ? toQString(path) : QStringLiteral("none");
+    };
+    QStringList paths;
+    FunctionCommand find(L"FIND", [&](IQuelBuildInCommandContext& context) {
+        paths << found(context, L"both") << found(context, L"only") << found(context, L"lost");
+        return QuelStatus::kNormal;
+    });
+    ASSERT_EQ(session.value()->host().commands.addCommand(&find, 0), 0);
+    session.value()->run();
+    EXPECT_EQ(paths, (QStringList{inProfile("both"), support + QStringLiteral("/only"),
+                                  QStringLiteral("none")}));
 }
 
 TEST_F(Sessions, WhatWasLoadedIsThereInTheNext)

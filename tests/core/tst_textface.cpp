@@ -21,7 +21,7 @@ struct TextFaceParts
     explicit TextFaceParts(std::initializer_list<const wchar_t*> typed)
         : lines(output, typed)
         , prompts(lines, output)
-        , face(prompts, output, folder.path())
+        , face(prompts, output, {folder.path(), QStringLiteral("de_AT")})
     {}
 
     ScratchFolder folder;
@@ -98,13 +98,18 @@ TEST(TextFace, EnterACancelAndTheEndPickNothing)
     EXPECT_FALSE(ended.face.pickFile(request()));
 }
 
-TEST(TextFace, HelpIsAPageOfText)
+TEST(TextFace, HelpIsAPageOfTextInTheUsersLanguage)
 {
     TextFaceParts host{};
-    ASSERT_TRUE(
-        setBytes(host.folder.file("VxMenuLoadDlg.txt"), "Load and unload.\nUnload \xC3\xA9.\n"));
+    ASSERT_TRUE(QDir(host.folder.path()).mkpath(QStringLiteral("en")));
+    ASSERT_TRUE(setBytes(host.folder.file("en/VxMenuLoadDlg.html"),
+                         "<h1>Load and unload</h1><p>Unload \xC3\xA9.</p>"));
     host.face.showHelp(QStringLiteral("VxMenuLoadDlg"));
-    EXPECT_EQ(host.output.take(), "Load and unload.\nUnload \xC3\xA9.\n");
+    EXPECT_EQ(host.output.take(), "Load and unload\nUnload \xC3\xA9.\n");
+    ASSERT_TRUE(QDir(host.folder.path()).mkpath(QStringLiteral("de")));
+    ASSERT_TRUE(setBytes(host.folder.file("de/VxMenuLoadDlg.html"), "<p>Laden</p>"));
+    host.face.showHelp(QStringLiteral("VxMenuLoadDlg"));
+    EXPECT_EQ(host.output.take(), "Laden\n");
     host.face.showHelp(QStringLiteral("Lost%1"));
     EXPECT_NE(host.output.text().find("Lost%1"), std::string::npos) << host.output.text();
 }

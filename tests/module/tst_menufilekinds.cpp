@@ -1,11 +1,11 @@
-// Menu file kinds, dialogs or prompts, and the warning before a template is loaded.
+// Menu file kinds, and dialogs or prompts.
 #include "menufile/menufilekinds.h"
 
+#include "tests/support/globallocale.h"
 #include "tests/support/recordinghost.h"
+#include "tests/support/thrownerror.h"
 
 #include <gtest/gtest.h>
-
-#include <locale>
 
 namespace {
 
@@ -13,6 +13,11 @@ using recording::host;
 using Lines = std::vector<std::string>;
 
 constexpr wchar_t kHostFile[] = L"QUELDRes.dll";
+
+const Lines kLookup{"SetCurrentResourceName(\"QUELDRes.dll\") -> true",
+                    "qumdQuResourceString(11005, \"cuix;mnu;mns;menuc\")"
+                    " -> \"cuix;mnu;mns;menuc\"",
+                    "RestorePreviousResource()"};
 
 struct KindRow
 {
@@ -23,7 +28,20 @@ struct KindRow
 };
 
 class KindOf : public testing::TestWithParam<KindRow>
-{};
+{
+protected:
+    KindOf()
+    {
+        if (GetParam().kinds != nullptr)
+            host().resources[kHostFile][11005] = GetParam().kinds;
+    }
+    static int supported() { return IsSupportMenuExt(GetParam().extension); }
+};
+
+std::string nameOf(const testing::TestParamInfo<KindRow>& row)
+{
+    return row.param.name;
+}
 
 INSTANTIATE_TEST_SUITE_P(
     MenuFiles, KindOf,
@@ -31,202 +49,221 @@ INSTANTIATE_TEST_SUITE_P(
                     KindRow{"OfTheDefaultMixed", nullptr, L".Mns", 1},
                     KindRow{"OfTheDefaultSecond", nullptr, L".mnu", 1},
                     KindRow{"LastOfTheDefaultIsNeverTried", nullptr, L".menuc", 0},
+                    KindRow{"LastOfTwoIsNeverTried", L"a;b", L".b", 0},
+                    KindRow{"FirstOfTwo", L"a;b", L".A", 1},
+                    KindRow{"LastBeforeASeparatorIsNeverTriedEither", L"a;b;", L".b", 0},
                     KindRow{"WithoutDot", nullptr, L"cuix", 0}, KindRow{"Empty", nullptr, L"", 0},
+                    KindRow{"LoneDot", nullptr, L".", 0}, KindRow{"TwoDots", nullptr, L"..cuix", 0},
+                    KindRow{"WholeList", nullptr, L".cuix;mnu;mns;menuc", 0},
                     KindRow{"TrailingBlank", nullptr, L".cuix ", 0},
+                    KindRow{"LeadingBlank", nullptr, L" .cuix", 0},
                     KindRow{"LongerThanTheKind", nullptr, L".cuixx", 0},
                     KindRow{"ShorterThanTheKind", nullptr, L".cui", 0},
-                    KindRow{"OnlyOneKind", L"mnu", L".MNU", 1},
-                    KindRow{"OuterSeparatorsAreTrimmed", L";mnu;", L".mnu", 1},
-                    KindRow{"ManyOuterSeparators", L";;;mnu;;", L".mnu", 1},
-                    KindRow{"EmptyKindEndsTheSearch", L"cuix;;mnu", L".mnu", 0},
-                    KindRow{"BeforeAnEmptyKind", L"cuix;;mnu", L".cuix", 1},
+                    KindRow{"BlanksInTheListCount", L"cuix; mnu;x", L".mnu", 0},
+                    KindRow{"BlanksInTheListAreMet", L"cuix; mnu;x", L". mnu", 1}),
+    nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    Separators, KindOf,
+    testing::Values(KindRow{"OnlyOneKind", L"mnu", L".MNU", 1},
+                    KindRow{"OtherThanTheOnlyOne", L"mnu", L".mns", 0},
+                    KindRow{"AreTrimmedAtTheEnds", L";mnu;", L".mnu", 1},
+                    KindRow{"AreTrimmedHoweverMany", L";;;mnu;;", L".mnu", 1},
+                    KindRow{"AreTrimmedBeforeSeveralKinds", L";;a;b", L".a", 1},
+                    KindRow{"DoubledEndTheSearch", L"cuix;;mnu;x", L".mnu", 0},
+                    KindRow{"DoubledEndTheSearchForALoneDotToo", L"cuix;;mnu;x", L".", 0},
+                    KindRow{"DoubledBehindTheKind", L"cuix;;mnu", L".cuix", 1},
                     KindRow{"NoKindsAndALoneDot", L"", L".", 1},
-                    KindRow{"OnlySeparatorsAndALoneDot", L";;", L".", 1},
-                    KindRow{"NoKinds", L"", L".cuix", 0},
-                    KindRow{"OtherLettersKeepTheirCase", L"\u00E9;x", L".\u00C9", 0},
-                    KindRow{"KelvinSignIsNoK", L"k;x", L".\u212A", 0}),
-    [](const auto& row) { return std::string(row.param.name); });
+                    KindRow{"AloneAndALoneDot", L";;", L".", 1},
+                    KindRow{"NoKindsAndNoDot", L"", L"", 0}, KindRow{"NoKinds", L"", L".cuix", 0}),
+    nameOf);
+
+// Only the letters A to Z have another case.
+INSTANTIATE_TEST_SUITE_P(Letters, KindOf,
+                         testing::Values(KindRow{"WithAccent", L"\u00E9;x", L".\u00C9", 0},
+                                         KindRow{"WithAccentAlike", L"\u00E9;x", L".\u00E9", 1},
+                                         KindRow{"KelvinSign", L"k;x", L".\u212A", 0},
+                                         KindRow{"DottedCapitalI", L"i;x", L".\u0130", 0},
+                                         KindRow{"LongS", L"s;x", L".\u017F", 0},
+                                         KindRow{"WideA", L"\uFF41;x", L".\uFF21", 0},
+                                         KindRow{"CyrillicEm", L"\u043C;x", L".\u041C", 0},
+                                         KindRow{"OnlyOneKind", L"\u00E9", L".\u00C9", 0}),
+                         nameOf);
 
 struct AsCommandLine : testing::Test
 {
     AsCommandLine() { host().setVariable(L"FILEDIA", short{1}); }
 };
 
-struct ReplaceWarning : testing::Test
-{
-    ReplaceWarning()
-    {
-        host().setVariable(L"FILEDIA", short{1});
-        host().productName = L"Product";
-    }
-};
-
 } // namespace
 
 TEST_P(KindOf, ExtensionIsCompared)
 {
-    if (GetParam().kinds != nullptr)
-        host().resources[kHostFile][11005] = GetParam().kinds;
-    const std::size_t before = host().resourceStack.size();
-    EXPECT_EQ(IsSupportMenuExt(CStdStr<wchar_t>(GetParam().extension)), GetParam().supported);
+    EXPECT_EQ(supported(), GetParam().supported);
     EXPECT_EQ(host().count("SetCurrentResourceName"), 1);
-    EXPECT_EQ(host().resourceStack.size(), before);
+    EXPECT_EQ(host().resourceStack.size(), 1U);
+}
+
+TEST_P(KindOf, ExtensionIsComparedAlikeInAnotherGlobalLocale)
+{
+    const recording::GlobalLocale changed("C.UTF-8");
+    EXPECT_EQ(supported(), GetParam().supported);
 }
 
 TEST(MenuFileKinds, AreReadFromTheHostsFileOnEveryCall)
 {
-    EXPECT_EQ(IsSupportMenuExt(CStdStr<wchar_t>(L".cuix")), 1);
+    EXPECT_EQ(IsSupportMenuExt(L".cuix"), 1);
+    EXPECT_EQ(host().trace, kLookup);
+    host().trace.clear();
+    EXPECT_EQ(IsSupportMenuExt(L".menuc"), 0);
+    EXPECT_EQ(host().trace, kLookup);
+
     host().resources[kHostFile][11005] = L"one;two";
-    EXPECT_EQ(IsSupportMenuExt(CStdStr<wchar_t>(L".cuix")), 0);
-    EXPECT_EQ(IsSupportMenuExt(CStdStr<wchar_t>(L".ONE")), 1);
-    EXPECT_EQ(host().calls("SetCurrentResourceName").front().substr(0, 38),
-              "SetCurrentResourceName(\"QUELDRes.dll\")");
+    EXPECT_EQ(IsSupportMenuExt(L".cuix"), 0);
+    EXPECT_EQ(IsSupportMenuExt(L".ONE"), 1);
+}
+
+TEST(MenuFileKinds, AreNotReadFromTheCurrentFile)
+{
+    host().resources[L"VxCuiCmdsRes.dll"][11005] = L"own;x";
+    host().resourceStack.push_back(L"VxCuiCmdsRes.dll");
+    EXPECT_EQ(IsSupportMenuExt(L".own"), 0);
+    EXPECT_EQ(IsSupportMenuExt(L".cuix"), 1);
+    EXPECT_EQ(host().resourceStack.back(), L"VxCuiCmdsRes.dll");
 }
 
 TEST(MenuFileKinds, DoNotRestoreAFileThatWasNotSelected)
 {
-    host().globalScope.next(false);
-    EXPECT_EQ(IsSupportMenuExt(CStdStr<wchar_t>(L".cuix")), 1);
+    host().globalScope.usually(false);
+    EXPECT_EQ(IsSupportMenuExt(L".cuix"), 1);
     EXPECT_EQ(host().count("RestorePreviousResource"), 0);
-}
-
-TEST(MenuFileKinds, RestoreTheFileWhenTheHostThrows)
-{
-    host().resources[kHostFile];
-    const VxErrorStatus* expected = host().throwOnCall("qumdQuResourceString");
-    try {
-        IsSupportMenuExt(CStdStr<wchar_t>(L".cuix"));
-        ADD_FAILURE() << "nothing was thrown";
-    } catch (VxErrorStatus* error) {
-        EXPECT_EQ(error, expected);
-        delete error;
-    }
-    EXPECT_EQ(host().count("RestorePreviousResource"), 1);
 }
 
 TEST(MenuFileKinds, WithoutATextLeaveTheLoneDot)
 {
     host().resources[kHostFile][11005] = std::nullopt;
-    EXPECT_EQ(IsSupportMenuExt(CStdStr<wchar_t>(L".")), 1);
-    EXPECT_EQ(IsSupportMenuExt(CStdStr<wchar_t>(L".cuix")), 0);
+    EXPECT_EQ(IsSupportMenuExt(L"."), 1);
+    EXPECT_EQ(IsSupportMenuExt(L".cuix"), 0);
+    EXPECT_EQ(IsSupportMenuExt(L""), 0);
 }
 
-TEST(MenuFileKinds, AreComparedByTheClassicLocaleWhateverTheGlobalOne)
+TEST(MenuFileKinds, LetEveryErrorPassAndRestoreTheFile)
 {
-    const std::locale before = std::locale::global(std::locale("C.UTF-8"));
-    host().resources[kHostFile][11005] = L"\u00E9;x";
-    const int supported = IsSupportMenuExt(CStdStr<wchar_t>(L".\u00C9"));
-    std::locale::global(before);
-    EXPECT_EQ(supported, 0);
+    EXPECT_EQ(IsSupportMenuExt(L".cuix"), 1);
+    const auto calls = recording::callsThatMayThrow(host().trace);
+    ASSERT_EQ(calls.size(), 2U);
+    for (const auto& call : calls) {
+        recording::reset();
+        const VxErrorStatus* const thrown = host().throwOnCall(call.function, call.which);
+        const auto error = recording::errorThrownBy([] { return IsSupportMenuExt(L".cuix"); });
+        EXPECT_EQ(error.get(), thrown) << call.function;
+        EXPECT_TRUE(recording::onlyGivesBackBehind(host().trace, call.line)) << call.function;
+        EXPECT_EQ(host().count("RestorePreviousResource"), call.line == 0 ? 0 : 1);
+        EXPECT_EQ(host().resourceStack.size(), 1U) << call.function;
+    }
 }
 
 TEST_F(AsCommandLine, IsNotTheCaseWhenFileDialogsAreOn)
 {
     EXPECT_EQ(IsRunAsCmdLineCommand(), 0);
-    EXPECT_EQ(host().count("quedGetVar"), 1);
+    EXPECT_EQ(host().trace,
+              (Lines{"GetQuelAppCtxActiveDocData() -> flags 0", "quedScriptAppRunning() -> false",
+                     "quedGetVar(\"FILEDIA\") -> 5100"}));
 }
 
 TEST_F(AsCommandLine, IsTheCaseForEveryOtherValue)
 {
-    for (const short value : {short{0}, short{2}, short{-1}, short{257}}) {
-        host().setVariable(L"FILEDIA", value);
+    for (const int value : {0, 2, -1, 3, 257, 32767, -32768}) {
+        host().setVariable(L"FILEDIA", static_cast<short>(value));
         EXPECT_EQ(IsRunAsCmdLineCommand(), 1) << value;
     }
 }
 
 TEST_F(AsCommandLine, IsTheCaseInAScriptWithoutALookAtTheVariable)
 {
-    host().scriptRuns.next(true);
-    EXPECT_EQ(IsRunAsCmdLineCommand(), 1);
-    EXPECT_EQ(host().count("quedGetVar"), 0);
+    for (const int flags : {0, 1}) {
+        recording::reset();
+        host().documentFlags = static_cast<unsigned char>(flags);
+        host().setVariable(L"FILEDIA", short{1});
+        host().scriptRuns.next(true);
+        EXPECT_EQ(IsRunAsCmdLineCommand(), 1);
+        EXPECT_EQ(host().trace,
+                  (Lines{"GetQuelAppCtxActiveDocData() -> flags " + std::to_string(flags),
+                         "quedScriptAppRunning() -> true"}));
+    }
 }
 
 TEST_F(AsCommandLine, IsTheCaseForADocumentWithoutDialogs)
 {
-    host().documentFlags = 0x01;
-    EXPECT_EQ(IsRunAsCmdLineCommand(), 1);
-    EXPECT_EQ(host().count("quedGetVar"), 0);
-    host().documentFlags = 0xFE;
-    EXPECT_EQ(IsRunAsCmdLineCommand(), 0);
+    for (const int flags : {0x01, 0xFF, 0x81}) {
+        host().trace.clear();
+        host().documentFlags = static_cast<unsigned char>(flags);
+        EXPECT_EQ(IsRunAsCmdLineCommand(), 1) << flags;
+        EXPECT_EQ(host().trace,
+                  (Lines{"GetQuelAppCtxActiveDocData() -> flags " + std::to_string(flags),
+                         "quedScriptAppRunning() -> false"}));
+    }
+}
+
+TEST_F(AsCommandLine, LooksAtTheLowestBitOfTheDocumentOnly)
+{
+    for (const int flags : {0xFE, 0x02, 0x80}) {
+        host().documentFlags = static_cast<unsigned char>(flags);
+        EXPECT_EQ(IsRunAsCmdLineCommand(), 0) << flags;
+    }
 }
 
 TEST_F(AsCommandLine, TakesNoDocumentForOneThatAllowsDialogs)
 {
     host().documentFlags = std::nullopt;
     EXPECT_EQ(IsRunAsCmdLineCommand(), 0);
+    host().scriptRuns.next(true);
+    EXPECT_EQ(IsRunAsCmdLineCommand(), 1);
 }
 
 TEST_F(AsCommandLine, IsTheCaseWhenTheVariableCannotBeRead)
 {
     host().variables.clear();
     EXPECT_EQ(IsRunAsCmdLineCommand(), 1);
-    ASSERT_EQ(host().seenRecords.size(), 1U);
-    EXPECT_FALSE(host().seenRecords.front().linked);
-    EXPECT_EQ(host().seenRecords.front().type, -1);
+    host().variables[L"FILEDIA"] = [](resbuf&) { return 5100; }; // and writes nothing
+    EXPECT_EQ(IsRunAsCmdLineCommand(), 1);
+    ASSERT_EQ(host().seenRecords.size(), 2U);
+    for (const recording::SeenRecord& record : host().seenRecords) {
+        EXPECT_FALSE(record.linked);
+        EXPECT_EQ(record.type, -1);
+        EXPECT_EQ(record.value, decltype(record.value){});
+    }
 }
 
-TEST_F(AsCommandLine, LooksAtSixteenBitsOnly)
+TEST_F(AsCommandLine, LooksAtSixteenBitsOnlyWhateverTheStatus)
 {
     host().variables[L"FILEDIA"] = [](resbuf& record) {
         record.type = QuelResultType::kLong;
         record.value.longInteger = static_cast<int>(0xFFFF0001);
-        return -5001; // the status is not looked at
+        return -5001;
     };
     EXPECT_EQ(IsRunAsCmdLineCommand(), 0);
 }
 
-TEST_F(ReplaceWarning, IsNotShownForAMenuSourceFile)
+TEST_F(AsCommandLine, GivesAStringBackThatIsNoNumber)
 {
-    EXPECT_EQ(MenuLoadReplaceAll(CStdStr<wchar_t>(L"a.MNS")), 0);
-    EXPECT_EQ(host().printed, L"");
-    EXPECT_EQ(host().count("MessageBoxW"), 0);
-    EXPECT_EQ(host().count("qumdQuResourceString"), 0);
+    host().setVariable(L"FILEDIA", std::wstring(L"1"));
+    EXPECT_EQ(IsRunAsCmdLineCommand(), 1);
+    EXPECT_TRUE(host().buffers.empty());
 }
 
-TEST_F(ReplaceWarning, AsksForEveryOtherName)
+TEST_F(AsCommandLine, LetsEveryErrorPass)
 {
-    const std::string question =
-        "Loading a template menu file will result in the loss of any toolbar customization "
-        "changes that have been made. Continue loading?";
-    for (const wchar_t* name : {L".mns", L"menu.cuix", L"menu.menuc", L""}) {
+    EXPECT_EQ(IsRunAsCmdLineCommand(), 0);
+    const auto calls = recording::callsThatMayThrow(host().trace);
+    ASSERT_EQ(calls.size(), 3U);
+    for (const auto& call : calls) {
         recording::reset();
-        host().setVariable(L"FILEDIA", short{1});
-        host().boxes.next(6);
-        EXPECT_EQ(MenuLoadReplaceAll(CStdStr<wchar_t>(name)), 0);
-        ASSERT_EQ(host().count("MessageBoxW"), 1);
-        EXPECT_NE(host().calls("MessageBoxW").front().find(question), std::string::npos)
-            << host().calls("MessageBoxW").front();
-        EXPECT_EQ(host().printed, L"");
+        host().setVariable(L"FILEDIA", std::wstring(L"1"));
+        const VxErrorStatus* const thrown = host().throwOnCall(call.function, call.which);
+        const auto error = recording::errorThrownBy([] { return IsRunAsCmdLineCommand(); });
+        EXPECT_EQ(error.get(), thrown) << call.function;
+        EXPECT_TRUE(recording::onlyGivesBackBehind(host().trace, call.line)) << call.function;
+        EXPECT_TRUE(host().buffers.empty()) << call.function;
     }
-}
-
-TEST_F(ReplaceWarning, TakesYesAloneForConsent)
-{
-    for (const int answer : {7, 2, 0, 1, -1}) {
-        host().boxes.next(answer);
-        EXPECT_EQ(MenuLoadReplaceAll(CStdStr<wchar_t>(L"menu.cuix")), 181) << answer;
-    }
-}
-
-TEST_F(ReplaceWarning, IsPrintedAndNotAskedOnTheCommandLine)
-{
-    host().setVariable(L"FILEDIA", short{0});
-    EXPECT_EQ(MenuLoadReplaceAll(CStdStr<wchar_t>(L"menu.cuix")), 0);
-    EXPECT_EQ(host().printed,
-              L"Loading a template menu file will result in the loss of any toolbar "
-              L"customization changes that have been made.");
-    EXPECT_EQ(host().count("MessageBoxW"), 0);
-}
-
-TEST_F(ReplaceWarning, ComesFromTheHostsFileWhichIsRestored)
-{
-    host().resources[kHostFile] = {{11006, L"W%d"}, {11008, std::nullopt}};
-    host().boxes.next(6);
-    EXPECT_EQ(MenuLoadReplaceAll(CStdStr<wchar_t>(L"menu.cuix")), 0);
-    EXPECT_NE(host().calls("MessageBoxW").front().find("\"W%d\""), std::string::npos)
-        << host().calls("MessageBoxW").front();
-    EXPECT_EQ(host().count("RestorePreviousResource"), 1);
-    host().setVariable(L"FILEDIA", short{0});
-    EXPECT_EQ(MenuLoadReplaceAll(CStdStr<wchar_t>(L"menu.cuix")), 0);
-    EXPECT_EQ(host().printed, L"W%d");
 }

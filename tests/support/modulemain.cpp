@@ -1,10 +1,14 @@
 // Main of the tests that need an application object: dialogs of commands are made of widgets. It
-// also sets the process's locale from the environment, as a real host does.
+// also sets the process's locale from the environment, as a real host does. With
+// --without-application as the last argument there is none, and the locale stays "C".
 #include "tests/support/recordinghost.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
+
+#include <cstring>
+#include <optional>
 
 namespace {
 
@@ -36,7 +40,9 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     // A forked child of a process with threads may hang: each child starts anew.
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const QApplication application(argc, argv);
+    std::optional<QApplication> application;
+    if (std::strcmp(argv[argc - 1], "--without-application") != 0)
+        application.emplace(argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new NewHostForEachTest);
     return RUN_ALL_TESTS();
 }

@@ -187,8 +187,12 @@ int CListBox::DeleteString(int row)
     return left;
 }
 
+struct QuUiBaseDialog::Private
+{};
+
 QuUiBaseDialog::QuUiBaseDialog(QWidget* parent)
     : QDialog(parent)
+    , m_private(std::make_unique<Private>())
 {}
 QuUiBaseDialog::~QuUiBaseDialog() = default;
 
@@ -201,6 +205,11 @@ int QuUiBaseDialog::DoModal()
     if (host().whileModal)
         host().whileModal(*this);
     return result;
+}
+
+void QuUiBaseDialog::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
 }
 
 void QuUiBaseDialog::OnOK()

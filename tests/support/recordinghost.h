@@ -153,6 +153,8 @@ public:
     std::function<void(QuUiBaseDialog&)> makeControls;
     std::set<std::wstring> connectedControls;
     Answers<FileDialogAnswer> fileDialogs{{QuelStatus::kCancelled, std::nullopt, 0, 0}};
+    // In place of vxGetFileDialog's own work; gives its status.
+    std::function<int(resbuf& result, int& filterIndex)> fileDialog;
     Answers<int> editors{QuelStatus::kNormal};
 
     // --- Configuration store, application, managers and crash recorder.
