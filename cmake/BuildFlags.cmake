@@ -2,6 +2,9 @@
 
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+# A library shows what is marked; a target that shows everything says so itself.
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
 find_program(ccache ccache)
 if(ccache)
@@ -14,7 +17,6 @@ target_compile_definitions(quel_build_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
     QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
 target_compile_options(quel_build_flags INTERFACE
-    -fvisibility=hidden -fvisibility-inlines-hidden
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Wold-style-cast -Wzero-as-null-pointer-constant
     $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override>

@@ -1,7 +1,7 @@
 #include "refhost/console/lineeditor.h"
 
 #include "refhost/console/consolesignals.h"
-#include "refhost/console/linehistory.h"
+#include "refhost/core/linehistory.h"
 #include "refhost/console/textcolumns.h"
 #include "refhost/console/utf8locale.h"
 #include "refhost/core/widetext.h"

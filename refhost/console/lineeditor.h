@@ -4,7 +4,7 @@
 #include "refhost/console/cellstream.h"
 #include "refhost/console/celltext.h"
 #include "refhost/console/keyreader.h"
-#include "refhost/console/linecompletion.h"
+#include "refhost/core/linecompletion.h"
 #include "refhost/core/linesource.h"
 
 #include <memory>

@@ -31,13 +31,6 @@ bool canBeRead(int descriptor)
 
 } // namespace
 
-std::wstring lenientText(std::string_view utf8)
-{
-    std::wstring text = fromUtf8(utf8);
-    std::replace(text.begin(), text.end(), L'\0', static_cast<wchar_t>(0xFFFD));
-    return text;
-}
-
 LineReader::LineReader(int descriptor)
     : m_descriptor(descriptor)
     , m_mayBlock(!isRegularFile(descriptor))

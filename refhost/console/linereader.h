@@ -3,12 +3,8 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace quelhost {
-
-// UTF-8 as text. What is not UTF-8, and a NUL, which would end a text before its time, read U+FFFD.
-[[nodiscard]] std::wstring lenientText(std::string_view utf8);
 
 class LineReader
 {

@@ -4,6 +4,7 @@
 #include "refhost/console/scriptlines.h"
 #include "refhost/console/terminallines.h"
 #include "refhost/core/display.h"
+#include "refhost/core/dynamicsymbol.h"
 #include "refhost/core/options.h"
 #include "refhost/core/packagecheck.h"
 #include "refhost/core/resources.h"
@@ -11,11 +12,15 @@
 #include "refhost/core/settingslisting.h"
 #include "refhost/core/widetext.h"
 #include "refhost/dialogs/modalrun.h"
+#include "refhost/window/windowprogram.h"
+
+#include <QFile>
 
 #include <csignal>
 #include <cstdio>
 #include <memory>
 #include <string_view>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace quelhost {
@@ -111,10 +116,42 @@ int printSettings(const Options& options)
     return kEndedNormally;
 }
 
+bool isPiped(int descriptor)
+{
+    struct stat about = {};
+    return ::fstat(descriptor, &about) == 0 &&
+           (S_ISFIFO(about.st_mode) || S_ISREG(about.st_mode) || S_ISSOCK(about.st_mode));
+}
+
+// Without a word about it, a window goes where one can be shown and nothing comes in by itself.
+bool isWindowWanted(const Options& options, const InstalledFiles& files, bool hasDisplay)
+{
+    if (options.window || options.console)
+        return options.window;
+    return hasDisplay && options.script.isEmpty() && !isPiped(STDIN_FILENO) &&
+           QFile::exists(files.window);
+}
+
+int runWindow(const Options& options, const InstalledFiles& files, bool hasDisplay)
+{
+    if (!hasDisplay)
+        return fail(kNotDone, qtTrId("program-no-display"));
+    if (!QFile::exists(files.window))
+        return fail(kNotDone, qtTrId("program-no-window"));
+    // Stays until the process ends: the toolkit may keep what comes from it.
+    void* const library = dlopen(files.window.toUtf8().constData(), RTLD_NOW);
+    const auto run =
+        library == nullptr ? nullptr : functionNamed<RunWindow>(library, kRunWindowName);
+    if (run == nullptr)
+        return fail(kNotDone,
+                    qtTrId("program-window-unusable").arg(QString::fromLocal8Bit(dlerror())));
+    Status result = Done{};
+    run(options, files, result);
+    return result ? kEndedNormally : fail(kNotDone, result.fault().text());
+}
+
 int runSession(const Options& options, const InstalledFiles& files, Output& output, bool hasDisplay)
 {
-    if (options.window)
-        return fail(kNotDone, qtTrId("program-no-window"));
     const auto lines = [&](const Profile& profile) { return makeLines(options, profile, output); };
     std::unique_ptr<ConsoleDialogs> dialogs; // used by the session's host
     Result<std::unique_ptr<Session>> session =
@@ -164,7 +201,9 @@ int runProgram(int argc, char** argv)
     case Options::Task::Session:
         break;
     }
-    return runSession(options, files, output, hasDisplay);
+    return isWindowWanted(options, files, hasDisplay)
+               ? runWindow(options, files, hasDisplay)
+               : runSession(options, files, output, hasDisplay);
 }
 
 } // namespace quelhost

@@ -3,7 +3,7 @@
 
 #include "refhost/console/consolesignals.h"
 #include "refhost/console/lineeditor.h"
-#include "refhost/console/linehistory.h"
+#include "refhost/core/linehistory.h"
 #include "refhost/console/linereader.h"
 #include "refhost/core/linesource.h"
 #include "refhost/core/output.h"

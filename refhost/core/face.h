@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+class CWnd;
+
 namespace quelhost {
 
 struct BoxRequest
@@ -42,6 +44,8 @@ public:
     [[nodiscard]] virtual std::optional<PickedFile> pickFile(const FileRequest& request) = 0;
     // Shows the help page of that name.
     virtual void showHelp(const QString& page) = 0;
+    // The main window, owned by the face; null where there is none.
+    [[nodiscard]] virtual CWnd* mainWindow() { return nullptr; }
 };
 
 } // namespace quelhost

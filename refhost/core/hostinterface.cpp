@@ -238,10 +238,10 @@ int AfxMessageBox(const wchar_t* text, unsigned int style, unsigned int)
     return MessageBoxW(nullptr, text, nullptr, style);
 }
 
-// The console has no window, and boxes find theirs themselves.
+// Boxes find the window that they belong to themselves.
 CWnd* AfxGetMainWnd()
 {
-    return nullptr;
+    return host().face().mainWindow();
 }
 
 const wchar_t* GetOemProductName()

@@ -34,10 +34,19 @@ InstalledFiles InstalledFiles::beside(const QString& programFolder)
     const auto file = [&prefix](const char* name) {
         return QDir::cleanPath(prefix.absoluteFilePath(QLatin1String(name)));
     };
-    const QString installedModule = file("lib/quelhost/libVxCuiCmds.so");
-    return {file("share/quelhost/resources"), file("share/quelhost/help"),
-            QFileInfo::exists(installedModule) ? installedModule : file("lib/libVxCuiCmds.so"),
-            file("share/quelhost/examples/queld.cuix"), file("share/quelhost/examples/QUELD.pgp")};
+    const auto library = [&file, &prefix](const char* name) {
+        const QString installed =
+            prefix.filePath(QStringLiteral("lib/quelhost/")) + QLatin1String(name);
+        return QFileInfo::exists(installed)
+                   ? QDir::cleanPath(QFileInfo(installed).absoluteFilePath())
+                   : file("lib/") + QLatin1Char('/') + QLatin1String(name);
+    };
+    return {file("share/quelhost/resources"),
+            file("share/quelhost/help"),
+            library("libVxCuiCmds.so"),
+            file("share/quelhost/examples/queld.cuix"),
+            file("share/quelhost/examples/QUELD.pgp"),
+            library("libquelhost_window.so")};
 }
 
 Session::Session(const Options& options, Output& output)

@@ -18,6 +18,7 @@ struct InstalledFiles
     QString module;      // the command module that is loaded when none is named
     QString mainPackage; // what the main customization file of a new profile is made from
     QString aliasFile;   // likewise its alias file
+    QString window;      // the library of the window face
 
     // Relative to the folder of the program, as built and as installed.
     [[nodiscard]] static InstalledFiles beside(const QString& programFolder);

@@ -58,6 +58,7 @@ void ShownMenuGroups::refresh()
                      [&place](const ShownGroup& left, const ShownGroup& right) {
                          return place(left) < place(right);
                      });
+    tellListener();
 }
 
 bool ShownMenuGroups::loadMenuFile(const QuString& path, QuString& group)
@@ -65,6 +66,7 @@ bool ShownMenuGroups::loadMenuFile(const QuString& path, QuString& group)
     const std::wstring file = path.kwszPtr() == nullptr ? L"" : path.kwszPtr();
     if (find(file) == nullptr && !show(file, !contains(listedPaths(), file)))
         return false;
+    tellListener();
     group = toWide(find(file)->group.name).c_str();
     return true;
 }
@@ -104,6 +106,12 @@ void ShownMenuGroups::complain(const std::wstring& path, const std::vector<Fault
         return;
     for (const Fault& fault : faults)
         m_report(fault);
+}
+
+void ShownMenuGroups::tellListener() const
+{
+    if (m_changed)
+        m_changed();
 }
 
 // Drops what the list no longer names, groups and complaints alike.

@@ -40,6 +40,10 @@ public:
 
     [[nodiscard]] const std::vector<ShownGroup>& groups() const { return m_groups; }
 
+    // `changed` is called after each refresh and load, whether anything changed or not. Empty for
+    // nobody.
+    void setListener(std::function<void()> changed) { m_changed = std::move(changed); }
+
     // The entries of the list, empty ones included.
     [[nodiscard]] std::vector<std::wstring> listedPaths() const;
 
@@ -47,10 +51,12 @@ private:
     [[nodiscard]] const ShownGroup* find(const std::wstring& path) const;
     bool show(const std::wstring& path, bool unlisted);
     void complain(const std::wstring& path, const std::vector<Fault>& faults);
+    void tellListener() const;
     void forgetUnlisted(const std::vector<std::wstring>& listed);
 
     QueldConfig& m_config;
     Report m_report;
+    std::function<void()> m_changed;
     std::vector<ShownGroup> m_groups;
     std::set<std::wstring> m_complained;
 };

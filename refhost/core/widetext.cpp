@@ -1,5 +1,7 @@
 #include "refhost/core/widetext.h"
 
+#include <algorithm>
+
 #include <QChar>
 
 namespace quelhost {
@@ -55,6 +57,13 @@ std::wstring fromUtf8(std::string_view bytes)
         bytes.remove_prefix(mark.size());
     }
     return result + toWide(QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size())));
+}
+
+std::wstring lenientText(std::string_view bytes)
+{
+    std::wstring text = fromUtf8(bytes);
+    std::replace(text.begin(), text.end(), L'\0', static_cast<wchar_t>(0xFFFD));
+    return text;
 }
 
 } // namespace quelhost

@@ -18,4 +18,7 @@ namespace quelhost {
 [[nodiscard]] std::string toUtf8(std::wstring_view text);
 [[nodiscard]] std::wstring fromUtf8(std::string_view bytes);
 
+// The same, and a NUL, which would end a text before its time, reads U+FFFD too.
+[[nodiscard]] std::wstring lenientText(std::string_view bytes);
+
 } // namespace quelhost

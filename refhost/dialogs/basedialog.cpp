@@ -9,6 +9,7 @@
 #include <QAbstractButton>
 #include <QMetaMethod>
 #include <QResizeEvent>
+#include <QWindow>
 
 #include <map>
 
@@ -32,6 +33,16 @@ void deliverSize(QObject& dialog, const QSize& size)
         return;
     about.method(slot).invoke(&dialog, Qt::DirectConnection, Q_ARG(unsigned int, 0U),
                               Q_ARG(int, size.width()), Q_ARG(int, size.height()));
+}
+
+// A dialog without a parent stays in front of the main window all the same.
+void keepInFront(QWidget& dialog)
+{
+    QWidget* const behind = quelhost::windowBehindDialogs();
+    if (behind == nullptr || dialog.parentWidget() != nullptr)
+        return;
+    dialog.winId(); // makes the native window
+    dialog.windowHandle()->setTransientParent(behind->windowHandle());
 }
 
 // Only objects themselves may ask who listens to them.
@@ -74,6 +85,7 @@ int QuUiBaseDialog::DoModal()
     deliverSize(*this, size());
     m_private->sizesDelivered = true;
     OnInitDialog();
+    keepInFront(*this);
     return quelhost::runModal(*this) == QDialog::Accepted ? kResultOk : kResultOther;
 }
 

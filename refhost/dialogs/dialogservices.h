@@ -6,12 +6,17 @@
 
 #include <QString>
 
+class QWidget;
+
 namespace quelhost {
 
 // Whether there is a display to show dialogs on.
 [[nodiscard]] bool canShowDialogs();
 // Tells the user one sentence on the command line.
 void tellOnCommandLine(const QString& sentence);
+
+// What dialogs without a parent stand in front of; null where there is no window.
+[[nodiscard]] QWidget* windowBehindDialogs();
 
 // Where the descriptions of dialogs lie: one folder for each resource file.
 [[nodiscard]] QString dialogResourceFolder();

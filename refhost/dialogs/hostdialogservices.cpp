@@ -1,6 +1,7 @@
 // The reference host's answers to its dialogs.
 #include "refhost/dialogs/dialogservices.h"
 
+#include "host/dialogs.h"
 #include "refhost/core/host.h"
 #include "refhost/core/widetext.h"
 
@@ -9,6 +10,12 @@ namespace quelhost {
 bool canShowDialogs()
 {
     return Host::current()->hasDisplay();
+}
+
+QWidget* windowBehindDialogs()
+{
+    const CWnd* const window = Host::current()->face().mainWindow();
+    return window == nullptr ? nullptr : window->widget();
 }
 
 void tellOnCommandLine(const QString& sentence)

@@ -17,12 +17,6 @@ namespace quelhost {
 
 namespace {
 
-QWidget* frontWindow()
-{
-    QWidget* const modal = QApplication::activeModalWidget();
-    return modal == nullptr ? QApplication::activeWindow() : modal;
-}
-
 // Opens the dialog on a file, on the folder of one that does not exist, or on a folder.
 void start(QFileDialog& dialog, const QString& location)
 {
@@ -45,9 +39,16 @@ int chosenFilter(const QFileDialog& dialog, const FileRequest& request)
 
 } // namespace
 
-WidgetFace::WidgetFace(HelpPages help)
+WidgetFace::WidgetFace(HelpPages help, QWidget* window)
     : m_help(std::move(help))
+    , m_window(window)
 {}
+
+QWidget* WidgetFace::frontWindow() const
+{
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal == nullptr ? m_window : modal;
+}
 
 int WidgetFace::askBox(const BoxRequest& request)
 {

@@ -4,13 +4,17 @@
 #include "refhost/core/face.h"
 #include "refhost/core/helppages.h"
 
+class QWidget;
+
 namespace quelhost {
 
 // Everything is shown over the window that is in front.
 class WidgetFace : public Face
 {
 public:
-    explicit WidgetFace(HelpPages help);
+    // `window` is behind everything when no other window is in front; null for none. It outlives
+    // the face.
+    explicit WidgetFace(HelpPages help, QWidget* window = nullptr);
 
     [[nodiscard]] int askBox(const BoxRequest& request) override;
     // The toolkit's own dialog, not the desktop's: it behaves the same everywhere.
@@ -19,7 +23,10 @@ public:
     void showHelp(const QString& page) override;
 
 private:
+    [[nodiscard]] QWidget* frontWindow() const;
+
     const HelpPages m_help;
+    QWidget* const m_window;
 };
 
 } // namespace quelhost

@@ -640,5 +640,29 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
         <source>Help</source>
         <translation>Hilfe</translation>
     </message>
+    <message id="window-said">
+        <source>What was said so far</source>
+        <translation>Bisheriger Verlauf</translation>
+    </message>
+    <message id="window-asking-first">
+        <source>A command is asking. Answer it, or cancel it with Esc.</source>
+        <translation>Ein Befehl fragt. Zuerst antworten oder mit Esc abbrechen.</translation>
+    </message>
+    <message id="window-no-drawing">
+        <source>Commands are typed below. HELP lists them.</source>
+        <translation>Befehle werden unten eingegeben. HELP listet sie auf.</translation>
+    </message>
+    <message id="window-command-line">
+        <source>Command Line</source>
+        <translation>Befehlszeile</translation>
+    </message>
+    <message id="program-no-display">
+        <source>There is no display for a window; leave out --window to use the terminal.</source>
+        <translation>Es gibt keinen Bildschirm für ein Fenster; ohne --window läuft das Programm im Terminal.</translation>
+    </message>
+    <message id="program-window-unusable">
+        <source>The window cannot be used: %1</source>
+        <translation>Das Fenster kann nicht verwendet werden: %1</translation>
+    </message>
 </context>
 </TS>

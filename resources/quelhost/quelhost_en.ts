@@ -640,5 +640,29 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
         <source>Help</source>
         <translation>Help</translation>
     </message>
+    <message id="window-said">
+        <source>What was said so far</source>
+        <translation>What was said so far</translation>
+    </message>
+    <message id="window-asking-first">
+        <source>A command is asking. Answer it, or cancel it with Esc.</source>
+        <translation>A command is asking. Answer it, or cancel it with Esc.</translation>
+    </message>
+    <message id="window-no-drawing">
+        <source>Commands are typed below. HELP lists them.</source>
+        <translation>Commands are typed below. HELP lists them.</translation>
+    </message>
+    <message id="window-command-line">
+        <source>Command Line</source>
+        <translation>Command Line</translation>
+    </message>
+    <message id="program-no-display">
+        <source>There is no display for a window; leave out --window to use the terminal.</source>
+        <translation>There is no display for a window; leave out --window to use the terminal.</translation>
+    </message>
+    <message id="program-window-unusable">
+        <source>The window cannot be used: %1</source>
+        <translation>The window cannot be used: %1</translation>
+    </message>
 </context>
 </TS>

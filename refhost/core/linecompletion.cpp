@@ -1,4 +1,4 @@
-#include "refhost/console/linecompletion.h"
+#include "refhost/core/linecompletion.h"
 
 #include <QDir>
 #include <QFileInfo>

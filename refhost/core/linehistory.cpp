@@ -1,6 +1,5 @@
-#include "refhost/console/linehistory.h"
+#include "refhost/core/linehistory.h"
 
-#include "refhost/console/linereader.h"
 #include "refhost/core/widetext.h"
 
 #include <QFile>

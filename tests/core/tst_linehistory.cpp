@@ -1,4 +1,4 @@
-#include "refhost/console/linehistory.h"
+#include "refhost/core/linehistory.h"
 
 #include <gtest/gtest.h>
 
