@@ -9,6 +9,7 @@ public:
     static constexpr unsigned int kClassNumber = 6917;
     static constexpr wchar_t kGlobalName[] = L"MENUUNLOAD";
 
-    // Completes normally without doing anything yet.
+    // Returns 5100 when the command ran its course, also when nothing was unloaded; the prompt's
+    // status when no answer was given; 0 without a store and when the main file was named.
     int execute(IQuelBuildInCommandContext* context) override;
 };

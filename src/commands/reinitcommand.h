@@ -9,6 +9,7 @@ public:
     static constexpr unsigned int kClassNumber = 6935;
     static constexpr wchar_t kGlobalName[] = L"REINIT";
 
-    // Completes normally without doing anything yet.
+    // Returns 5100 when the aliases were read again; -5001 when that failed and also when the user
+    // declined, on purpose.
     int execute(IQuelBuildInCommandContext* context) override;
 };

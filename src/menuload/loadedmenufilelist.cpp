@@ -77,6 +77,27 @@ bool surelyDiffers(std::wstring_view path, const std::wstring& identity)
     return at != identity.size();
 }
 
+// Whether an entry's file exists and has the base name of a path. Names are compared before the
+// file system is asked: it is asked only about names that match.
+class NameMatch
+{
+public:
+    explicit NameMatch(const std::wstring& path)
+        : m_wanted(identity(path))
+        , m_wantedWide(m_wanted.toStdWString())
+    {}
+
+    bool operator()(std::wstring_view entry) const
+    {
+        return !surelyDiffers(entry, m_wantedWide) && identity(entry) == m_wanted &&
+               QFile::exists(toQString(entry));
+    }
+
+private:
+    const QString m_wanted;
+    const std::wstring m_wantedWide;
+};
+
 } // namespace
 
 std::optional<LoadedMenuFileList> LoadedMenuFileList::read(QueldConfig& store)
@@ -87,15 +108,10 @@ std::optional<LoadedMenuFileList> LoadedMenuFileList::read(QueldConfig& store)
     return LoadedMenuFileList(value.stringOrEmpty());
 }
 
-// Names are compared before the file system is asked: it is asked only about names that match.
 bool LoadedMenuFileList::isLoaded(const std::wstring& path) const
 {
-    const QString wanted = identity(path);
-    const std::wstring wantedWide = wanted.toStdWString();
-    return findEntry(m_text, [&](std::wstring_view entry) {
-        return !surelyDiffers(entry, wantedWide) && identity(entry) == wanted &&
-               QFile::exists(toQString(entry));
-    });
+    const NameMatch matches(path);
+    return findEntry(m_text, [&](std::wstring_view entry) { return matches(entry); });
 }
 
 std::vector<std::wstring> LoadedMenuFileList::shownNames() const
@@ -110,13 +126,15 @@ std::vector<std::wstring> LoadedMenuFileList::shownNames() const
     return names;
 }
 
-int LoadedMenuFileList::removeNamed(const std::wstring& name)
+// Removes the entries of which `isUnwanted` is true and returns how many there were.
+template<typename Test>
+int LoadedMenuFileList::removeIf(const Test& isUnwanted)
 {
     int removed = 0;
     std::wstring kept;
     bool first = true;
     findEntry(m_text, [&](std::wstring_view entry) {
-        if (baseName(toQString(entry)).toStdWString() == name) {
+        if (isUnwanted(entry)) {
             ++removed;
             return false;
         }
@@ -128,6 +146,31 @@ int LoadedMenuFileList::removeNamed(const std::wstring& name)
     if (removed > 0)
         m_text = std::move(kept);
     return removed;
+}
+
+int LoadedMenuFileList::removeNamed(const std::wstring& name)
+{
+    return removeIf([&name](std::wstring_view entry) {
+        return baseName(toQString(entry)).toStdWString() == name;
+    });
+}
+
+LoadedMenuFileList::Found LoadedMenuFileList::unload(const std::wstring& path)
+{
+    const NameMatch matches(path);
+    std::size_t index = 0;
+    Found found = Found::Nothing;
+    findEntry(m_text, [&](std::wstring_view entry) {
+        if (matches(entry))
+            found = index == 0 ? Found::MainFile : Found::Removed;
+        ++index;
+        return found == Found::MainFile;
+    });
+    if (found == Found::Removed)
+        removeIf([&matches](std::wstring_view entry) {
+            return matches(entry) || !QFile::exists(toQString(entry));
+        });
+    return found;
 }
 
 void LoadedMenuFileList::append(const std::wstring& path)

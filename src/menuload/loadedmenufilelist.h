@@ -34,6 +34,16 @@ public:
     // Removes every entry of exactly this base name, whether its file exists or not, and returns
     // how many there were. All others stay, empty entries and those whose file is gone included.
     int removeNamed(const std::wstring& baseName);
+    // What MENUUNLOAD found of a file.
+    enum class Found {
+        Nothing,  // no entry of its base name
+        MainFile, // entry 0, which is never removed; later entries of the name stay too
+        Removed,
+    };
+    // Removes every entry that has the base name of `path`, compared as in isLoaded, and with them
+    // every entry whose file is gone, empty ones included. When nothing of the name is found, or
+    // entry 0 has it, nothing at all is removed.
+    Found unload(const std::wstring& path);
     // Stores the list. The store tells the user when it cannot, so its result is not looked at.
     void write(QueldConfig& store) const;
 
@@ -41,6 +51,9 @@ private:
     explicit LoadedMenuFileList(std::wstring text)
         : m_text(std::move(text))
     {}
+
+    template<typename Test>
+    int removeIf(const Test& isUnwanted);
 
     std::wstring m_text;
 };

@@ -10,7 +10,6 @@
 #include "menuload/menuloadmessages.h"
 #include "module/resourcescopes.h"
 #include "module/resourcestring.h"
-#include "settings/systemvariables.h"
 
 #include <array>
 #include <optional>
@@ -98,10 +97,6 @@ int loadFromCommandLine(IQuelBuildInCommandContext* context)
 int Quel6916Command::execute(IQuelBuildInCommandContext* context)
 {
     const ContextResourceScope scope(context);
-    // Both questions are put to the host on every run.
-    const bool dialogAllowed = commandShouldUseDialog(context);
-    const bool dialogWanted = fileDialogsEnabled();
-    if (dialogAllowed && dialogWanted)
-        return runMenuLoadDialog(context);
-    return loadFromCommandLine(context);
+    return menuLoadDialogWanted(context) ? runMenuLoadDialog(context)
+                                         : loadFromCommandLine(context);
 }

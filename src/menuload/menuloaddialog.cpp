@@ -2,6 +2,7 @@
 
 #include "host/messageboxes.h"
 #include "host/output.h"
+#include "host/prompts.h"
 #include "host/status.h"
 #include "menufile/menufilepath.h"
 #include "menuload/customizationmanager.h"
@@ -9,6 +10,7 @@
 #include "menuload/menuloadcontrols.h"
 #include "menuload/menuloadmessages.h"
 #include "module/resourcestring.h"
+#include "settings/systemvariables.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -205,6 +207,13 @@ void VxMenuLoadDlg::OnOK()
     SetMenuLoadDlgSize(
         {window.left, window.top, window.right - window.left, window.bottom - window.top});
     QuUiBaseDialog::OnOK();
+}
+
+bool menuLoadDialogWanted(IQuelBuildInCommandContext* context)
+{
+    const bool allowed = commandShouldUseDialog(context);
+    const bool wanted = fileDialogsEnabled();
+    return allowed && wanted;
 }
 
 int runMenuLoadDialog(IQuelBuildInCommandContext* context)

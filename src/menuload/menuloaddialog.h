@@ -80,6 +80,10 @@ private:
     IQuelBuildInCommandContext* m_context;
 };
 
+// Whether a command is to show the dialog: the host allows dialogs in this run and FILEDIA is 1.
+// Both questions are put to the host every time.
+[[nodiscard]] bool menuLoadDialogWanted(IQuelBuildInCommandContext* context);
+
 // Shows the dialog, has the host refresh its menus when the dialog changed the list, and returns
 // 5100 whatever the user did. MENULOAD and MENUUNLOAD share it.
 int runMenuLoadDialog(IQuelBuildInCommandContext* context);

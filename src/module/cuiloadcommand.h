@@ -9,6 +9,6 @@ public:
     static constexpr unsigned int kClassNumber = 6940;
     static constexpr wchar_t kGlobalName[] = L"CUILOAD";
 
-    // Completes normally without doing anything yet.
+    // Returns 5100 whatever the other command reports, a cancelled prompt included: on purpose.
     int execute(IQuelBuildInCommandContext* context) override;
 };
