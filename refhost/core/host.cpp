@@ -5,6 +5,7 @@
 #include "refhost/core/widetext.h"
 
 #include <cstdio>
+#include <utility>
 
 namespace quelhost {
 
@@ -117,7 +118,9 @@ int Host::run(IQuelCommandFactory& factory, bool commandLineOnly)
     const std::wstring name = factory.globalName();
     CommandContext context(name, commandLineOnly, resources, m_files);
     const std::size_t scopes = resources.depth();
+    const QString outer = std::exchange(m_running, toQString(name));
     const RunResult result = runCommand(factory, context);
+    m_running = outer;
     while (resources.depth() > scopes)
         resources.pop();
     promptOptions = {};
@@ -126,6 +129,19 @@ int Host::run(IQuelCommandFactory& factory, bool commandLineOnly)
     if (m_reportStatus)
         std::fprintf(stderr, "%s\t%d\n", toUtf8(name).c_str(), result.status);
     return result.status;
+}
+
+// Who unloads a file names one that is loaded. The main file, which stays, is no answer.
+QStringList Host::expectedFiles() const
+{
+    if (m_running != QLatin1String("MENUUNLOAD") && m_running != QLatin1String("CUIUNLOAD"))
+        return {};
+    QStringList files;
+    const std::vector<std::wstring> listed = groups.listedPaths();
+    for (std::size_t entry = 1; entry < listed.size(); ++entry)
+        files << toQString(listed[entry]);
+    files.removeAll(QString());
+    return files;
 }
 
 void Host::tellUnknown(const QString& name)

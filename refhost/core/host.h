@@ -86,6 +86,9 @@ public:
     [[nodiscard]] Face& face() { return *m_face; }
     void setFace(Face& face) { m_face = &face; }
 
+    // The files that the running command is likely to be answered with, as they are typed.
+    [[nodiscard]] QStringList expectedFiles() const;
+
     QuelCustomizationManager* customizationManager() override { return &groups; }
     QuelAppInterface* applicationInterface() { return this; }
 
@@ -118,6 +121,7 @@ private:
     std::vector<std::unique_ptr<HostCommandFactory>> m_ownCommands;
     std::vector<std::unique_ptr<ModuleRecord>> m_modules;
     QString m_lastCommand;
+    QString m_running; // global name of the command that runs, empty for none
 };
 
 } // namespace quelhost

@@ -151,7 +151,7 @@ int quedInitGet(int flags, const wchar_t* keywords)
 int quedGetString(int cronly, const wchar_t* prompt, wchar_t* answer)
 {
     host().promptOptions = {}; // they are for one prompt
-    const LineRequest request{textOrEmpty(prompt), Completion::Paths, {}};
+    const LineRequest request{textOrEmpty(prompt), Completion::Paths, host().expectedFiles()};
     const Answer given =
         host().prompts.ask(request, cronly == 0 ? AnswerEnd::Blank : AnswerEnd::Enter);
     if (given.kind == Answer::Kind::Cancelled)

@@ -160,8 +160,30 @@ QStringList namesIn(const QString& folder, const QString& start)
     return names;
 }
 
-CompletedLine completePath(const Typed& typed)
+// The expected paths that what is typed may mean.
+QStringList expectedPaths(const QString& typed, const QStringList& paths)
 {
+    QStringList fitting;
+    for (const QString& path : paths) {
+        const QString file = path.mid(path.lastIndexOf(kSlash) + 1);
+        if (path.startsWith(typed) || file.startsWith(typed, Qt::CaseInsensitive))
+            fitting += path;
+    }
+    fitting.removeDuplicates();
+    sort(fitting);
+    return fitting;
+}
+
+CompletedLine completePath(const Typed& typed, const QStringList& expected)
+{
+    const QStringList fitting = expectedPaths(typed.text, expected);
+    if (fitting.size() == 1)
+        return {typed.before + asAnswer(fitting.first(), typed.quoted, true), {}, true};
+    if (!fitting.isEmpty()) {
+        const QString common = commonStart(fitting, Qt::CaseSensitive);
+        const QString text = common.startsWith(typed.text) ? common : typed.text;
+        return {typed.before + asAnswer(text, typed.quoted, false), fitting, true};
+    }
     const QString home = QStringLiteral("~");
     if (typed.text == home)
         return {};
@@ -185,12 +207,13 @@ CompletedLine completeLine(const QString& beforeCursor, bool blankFollows,
 {
     if (request.completion == Completion::Paths) {
         const std::optional<Typed> typed = wholeLine(beforeCursor);
-        return typed ? completePath(*typed) : CompletedLine{};
+        return typed ? completePath(*typed, request.words) : CompletedLine{};
     }
     const Typed typed = lastWord(beforeCursor);
     switch (request.completion) {
     case Completion::Commands:
-        return typed.first ? completeWord(typed, blankFollows, request.words) : completePath(typed);
+        return typed.first ? completeWord(typed, blankFollows, request.words)
+                           : completePath(typed, {});
     case Completion::Keywords:
         return typed.first ? completeWord(typed, blankFollows, request.words) : CompletedLine{};
     case Completion::Paths:

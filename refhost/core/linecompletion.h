@@ -19,7 +19,8 @@ struct CompletedLine
 //
 // - Commands: the first word is a name out of `request.words`, what follows is paths.
 // - Keywords: the first word, out of `request.words`.
-// - Paths: all of it is one path, blanks included.
+// - Paths: all of it is one path, blanks included. A path out of `request.words` is found by its
+//   beginning or its file's name, and goes before what else is in the file system.
 //
 // Case does not matter for words and does for paths. One word that fits is put in whole, with a
 // blank behind it unless `blankFollows`; of several, what they have in common. A path is completed

@@ -19,7 +19,8 @@ struct LineRequest
 {
     std::wstring prompt;
     Completion completion = Completion::Nothing;
-    QStringList words; // what Commands and Keywords complete from
+    // What Commands and Keywords complete from, and the files that Paths offers before all others.
+    QStringList words;
     // A script's blank lines and lines beginning with ";" are passed over, unseen. What a person
     // types is never passed over.
     bool remarksAllowed = false;

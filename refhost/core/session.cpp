@@ -30,23 +30,19 @@ std::wstring withoutExtension(const QString& path)
 
 InstalledFiles InstalledFiles::beside(const QString& programFolder)
 {
-    const QDir prefix(QDir(programFolder).filePath(QStringLiteral("..")));
+    const QDir prefix(QDir::cleanPath(QDir(programFolder).filePath(QStringLiteral(".."))));
     const auto file = [&prefix](const char* name) {
-        return QDir::cleanPath(prefix.absoluteFilePath(QLatin1String(name)));
+        return prefix.absoluteFilePath(QLatin1String(name));
     };
-    const auto library = [&file, &prefix](const char* name) {
-        const QString installed =
-            prefix.filePath(QStringLiteral("lib/quelhost/")) + QLatin1String(name);
-        return QFileInfo::exists(installed)
-                   ? QDir::cleanPath(QFileInfo(installed).absoluteFilePath())
-                   : file("lib/") + QLatin1Char('/') + QLatin1String(name);
+    const auto library = [&file](const char* installed, const char* built) {
+        return QFileInfo::exists(file(installed)) ? file(installed) : file(built);
     };
     return {file("share/quelhost/resources"),
             file("share/quelhost/help"),
-            library("libVxCuiCmds.so"),
+            library("lib/quelhost/libVxCuiCmds.so", "lib/libVxCuiCmds.so"),
             file("share/quelhost/examples/queld.cuix"),
             file("share/quelhost/examples/QUELD.pgp"),
-            library("libquelhost_window.so")};
+            library("lib/quelhost/libquelhost_window.so", "lib/libquelhost_window.so")};
 }
 
 Session::Session(const Options& options, Output& output)

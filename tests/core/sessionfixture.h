@@ -40,7 +40,7 @@ public:
     [[nodiscard]] InstalledFiles files() const
     {
         return {m_folder.file("res"), m_folder.path(), m_folder.file("module.so"),
-                m_folder.file("queld.cuix"), m_folder.file("QUELD.pgp")};
+                m_folder.file("queld.cuix"), m_folder.file("QUELD.pgp"), {}};
     }
     [[nodiscard]] const ScratchFolder& folder() const { return m_folder; }
 

@@ -67,7 +67,8 @@ protected:
 
 TEST_P(Completed, IsTheLine)
 {
-    const LineRequest request{L"", GetParam().completion, words()};
+    const bool isPath = GetParam().completion == Completion::Paths;
+    const LineRequest request{L"", GetParam().completion, isPath ? QStringList() : words()};
     const CompletedLine line = completeLine(text(GetParam().typed), false, request);
     EXPECT_EQ(line.found, GetParam().found);
     EXPECT_EQ(line.beforeCursor, text(GetParam().completed));
@@ -157,6 +158,52 @@ TEST(LineCompletion, TurnsATildeWithASlashIntoTheHomeFolder)
     const CompletedLine line = completeLine(text("~/pl"), false, request);
     ASSERT_TRUE(qputenv("HOME", before));
     EXPECT_EQ(line.beforeCursor, home.path() + text("/plant.cuix"));
+}
+
+struct ExpectedCase
+{
+    const char* name;
+    const char* typed;
+    const char* completed;
+    const char* candidates;
+};
+
+// Files that the command expects: two of them lie where the others of the folder do not.
+class ExpectedFile : public testing::TestWithParam<ExpectedCase>
+{};
+
+TEST_P(ExpectedFile, GoesBeforeOthers)
+{
+    const LineRequest request{L"",
+                              Completion::Paths,
+                              {text("/site/Plant.cuix"), text("/site/pump.cuix"),
+                               text("/my site/x.cuix"), text("plans.cuix")}};
+    const CompletedLine line = completeLine(text(GetParam().typed), false, request);
+    EXPECT_TRUE(line.found);
+    EXPECT_EQ(line.beforeCursor, text(GetParam().completed));
+    EXPECT_EQ(line.candidates.join(QLatin1Char('|')), text(GetParam().candidates));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Paths, ExpectedFile,
+    testing::Values(ExpectedCase{"ByItsName", "pu", "/site/pump.cuix", ""},
+                    ExpectedCase{"ByItsNameInAnyCase", "PLANT", "/site/Plant.cuix", ""},
+                    ExpectedCase{"ByItsBeginning", "/site/pu", "/site/pump.cuix", ""},
+                    ExpectedCase{"Several", "/si", "/site/", "/site/Plant.cuix|/site/pump.cuix"},
+                    ExpectedCase{"SeveralByTheirNames", "pl", "pl", "/site/Plant.cuix|plans.cuix"},
+                    ExpectedCase{"WithABlank", "x", "\"/my site/x.cuix\"", ""},
+                    ExpectedCase{"All", "", "",
+                                 "/my site/x.cuix|/site/Plant.cuix|/site/pump.cuix|plans.cuix"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(ExpectedFiles, OthersAreFoundWhenNoneFits)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(text("other.cuix")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    const LineRequest request{L"", Completion::Paths, {text("/site/pump.cuix")}};
+    EXPECT_EQ(completeLine(folder.filePath(text("oth")), false, request).beforeCursor,
+              folder.filePath(text("other.cuix")));
 }
 
 } // namespace

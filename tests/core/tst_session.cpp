@@ -188,12 +188,16 @@ TEST(InstalledFiles, LieBesideTheProgram)
     const ScratchFolder prefix;
     const InstalledFiles built = InstalledFiles::beside(prefix.file("bin"));
     EXPECT_EQ(built.resources, prefix.file("share/quelhost/resources"));
+    EXPECT_EQ(built.help, prefix.file("share/quelhost/help"));
     EXPECT_EQ(built.module, prefix.file("lib/libVxCuiCmds.so"));
+    EXPECT_EQ(built.window, prefix.file("lib/libquelhost_window.so"));
     EXPECT_EQ(built.mainPackage, prefix.file("share/quelhost/examples/queld.cuix"));
     EXPECT_EQ(built.aliasFile, prefix.file("share/quelhost/examples/QUELD.pgp"));
 
     ASSERT_TRUE(QDir().mkpath(prefix.file("lib/quelhost")));
-    ASSERT_TRUE(setBytes(prefix.file("lib/quelhost/libVxCuiCmds.so"), "x"));
-    EXPECT_EQ(InstalledFiles::beside(prefix.file("bin")).module,
-              prefix.file("lib/quelhost/libVxCuiCmds.so"));
+    for (const char* library : {"libVxCuiCmds.so", "libquelhost_window.so"})
+        ASSERT_TRUE(setBytes(prefix.file("lib/quelhost/") + QLatin1String(library), "x"));
+    const InstalledFiles installed = InstalledFiles::beside(prefix.file("bin"));
+    EXPECT_EQ(installed.module, prefix.file("lib/quelhost/libVxCuiCmds.so"));
+    EXPECT_EQ(installed.window, prefix.file("lib/quelhost/libquelhost_window.so"));
 }
