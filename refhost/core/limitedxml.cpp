@@ -10,12 +10,13 @@ namespace {
 
 constexpr qint64 kPieceBytes = 4096;
 constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 [[nodiscard]] std::string_view trimmedView(const QByteArray& bytes)
 {
     std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    if (view.substr(0, 3) == "\xEF\xBB\xBF")
-        view.remove_prefix(3);
+    if (view.substr(0, kByteOrderMark.size()) == kByteOrderMark)
+        view.remove_prefix(kByteOrderMark.size());
     const std::size_t last = view.find_last_not_of(kBlanks);
     return view.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }
@@ -103,7 +104,8 @@ void LimitedXml::checkCharacters()
         if (length == 0)
             return fail(cursor.place(), badByteSentence(rest));
         const std::string_view sequence = rest.substr(0, static_cast<std::size_t>(length));
-        if (isForbidden(sequence))
+        // The parser would pass over a second one in silence, and its places would be wrong.
+        if (isForbidden(sequence) || (offset == 0 && sequence == kByteOrderMark))
             return fail(cursor.place(), forbiddenSentence(sequence));
         // Looked for before parsing, and so in comments too: the parser would expand a document
         // type's own references before it reports one, and takes one even behind the root.
@@ -241,8 +243,8 @@ std::optional<LimitedXml::Token> LimitedXml::takeStart()
         fail(m_element.place, qtTrId("package-xml-attributes").arg(m_limits.attributes));
         return std::nullopt;
     }
-    // Where the reader and the places disagree, as behind a second byte order mark, an attribute is
-    // told at the place of its element.
+    // Where the reader and the places should disagree, an attribute is told at the place of its
+    // element.
     std::vector<TextPlace> places = attributePlaces();
     places.resize(static_cast<std::size_t>(attributes.size()), m_element.place);
     m_nameBytes += m_element.name.toUtf8().size();
