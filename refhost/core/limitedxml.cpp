@@ -1,5 +1,7 @@
 #include "refhost/core/limitedxml.h"
 
+#include "refhost/core/widetext.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -50,8 +52,8 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 [[nodiscard]] QString forbiddenSentence(std::string_view sequence)
 {
-    const QString text = QString::fromUtf8(sequence.data(), static_cast<int>(sequence.size()));
-    return qtTrId("package-xml-character").arg(hex(text.at(0).unicode(), 4));
+    const std::wstring text = fromUtf8(sequence);
+    return qtTrId("package-xml-character").arg(hex(static_cast<uint>(text.front()), 4));
 }
 
 } // namespace
