@@ -63,11 +63,12 @@ bool installHostTexts(const QString& resourceFolder, const QString& language)
 
 void installToolkitTexts(const QString& language)
 {
-    auto* texts = new QTranslator(QCoreApplication::instance()); // which owns it
+    auto texts = std::make_unique<QTranslator>();
     const QString folder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
     for (const QString& each : languageFallbacks(language)) {
         if (texts->load(QStringLiteral("qtbase_%1").arg(each), folder)) {
-            QCoreApplication::installTranslator(texts);
+            QCoreApplication::installTranslator(texts.get());
+            texts.release()->setParent(QCoreApplication::instance()); // which owns it
             return;
         }
     }

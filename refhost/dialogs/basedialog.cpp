@@ -7,8 +7,10 @@
 #include "refhost/dialogs/modalrun.h"
 
 #include <QAbstractButton>
+#include <QGuiApplication>
 #include <QMetaMethod>
 #include <QResizeEvent>
+#include <QScreen>
 #include <QWindow>
 
 #include <map>
@@ -45,6 +47,33 @@ void keepInFront(QWidget& dialog)
     dialog.windowHandle()->setTransientParent(behind->windowHandle());
 }
 
+// The place of a rectangle whose edges may be any numbers: a far edge that was summed up too large
+// has wrapped, and a place beyond what the toolkit can hold is drawn in.
+QRect placeOf(const RECT& rect)
+{
+    const auto size = [](int low, int high) {
+        const unsigned int difference =
+            static_cast<unsigned int>(high) - static_cast<unsigned int>(low);
+        return qBound(0, static_cast<int>(difference), QWIDGETSIZE_MAX);
+    };
+    const auto edge = [](int at) { return qBound(-QWIDGETSIZE_MAX, at, QWIDGETSIZE_MAX); };
+    return {edge(rect.left), edge(rect.top), size(rect.left, rect.right),
+            size(rect.top, rect.bottom)};
+}
+
+// A dialog on a screen that is no longer there would wait for somebody who cannot see it.
+void keepOnScreen(QWidget& dialog)
+{
+    const QRect place = dialog.geometry();
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (screen->availableGeometry().intersects(place))
+            return;
+    }
+    QRect centred(QPoint(0, 0), place.size());
+    centred.moveCenter(QGuiApplication::primaryScreen()->availableGeometry().center());
+    dialog.setGeometry(centred);
+}
+
 // Only objects themselves may ask who listens to them.
 struct Listeners : QObject
 {
@@ -61,6 +90,7 @@ struct QuUiBaseDialog::Private
     // The controls by their widgets, as GetDlgItem gives them out.
     std::map<const QWidget*, CWnd> controls;
     bool sizesDelivered = false;
+    bool faultTold = false; // why there are no controls
 };
 
 QuUiBaseDialog::QuUiBaseDialog(QWidget* parent)
@@ -79,12 +109,14 @@ int QuUiBaseDialog::DoModal()
         return kNotShown;
     }
     if (!m_controlsGenerated) {
-        quelhost::tellOnCommandLine(qtTrId("dialog-no-controls"));
+        if (!m_private->faultTold)
+            quelhost::tellOnCommandLine(qtTrId("dialog-no-controls"));
         return kNotShown;
     }
     deliverSize(*this, size());
     m_private->sizesDelivered = true;
     OnInitDialog();
+    keepOnScreen(*this);
     keepInFront(*this);
     return quelhost::runModal(*this) == QDialog::Accepted ? kResultOk : kResultOther;
 }
@@ -127,12 +159,14 @@ bool QuUiBaseDialog::generateUICtrls(const wchar_t* dialogName, const wchar_t* r
                                       toQString(dialogName), quelhost::dialogLanguage()});
     if (!built)
         quelhost::tellOnCommandLine(built.fault().text());
+    m_private->faultTold = !built;
     return static_cast<bool>(built);
 }
 
 QWidget* QuUiBaseDialog::getWidgetsFromOrignal(const wchar_t* objectName) const
 {
-    return findChild<QWidget*>(toQString(objectName));
+    const QString name = objectName == nullptr ? QString() : toQString(objectName);
+    return name.isEmpty() ? nullptr : findChild<QWidget*>(name);
 }
 
 bool QuUiBaseDialog::CheckIfConnected(const wchar_t* objectName) const
@@ -175,7 +209,7 @@ void QuUiBaseDialog::GetWindowRect(RECT* rect) const
 
 void QuUiBaseDialog::MoveWindow(const RECT& rect, bool repaint)
 {
-    setGeometry(rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top);
+    setGeometry(placeOf(rect));
     if (repaint)
         update();
 }

@@ -4,6 +4,7 @@
 #include "refhost/core/widetext.h"
 
 #include <QAbstractButton>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -26,6 +27,13 @@ QSize sizeOf(const QWidget& widget)
     const bool stillHolds =
         asked.isValid() && asked.toSize().expandedTo(widget.minimumSize()) == widget.size();
     return stillHolds ? asked.toSize() : widget.size();
+}
+
+// What stands between "<" and ">" is a part of the text.
+void showPlain(QLabel& label, const QString& text)
+{
+    label.setTextFormat(Qt::PlainText);
+    label.setText(text);
 }
 
 QListWidget* rowsOf(const CListBox& box)
@@ -62,6 +70,8 @@ void CWnd::GetWindowText(CStdStr<wchar_t>& text) const
         shown = button->text();
     else if (const auto* label = qobject_cast<const QLabel*>(m_widget))
         shown = label->text();
+    else if (const auto* frame = qobject_cast<const QGroupBox*>(m_widget))
+        shown = frame->title();
     else if (m_widget != nullptr)
         shown = m_widget->windowTitle();
     text = toWide(shown);
@@ -75,7 +85,9 @@ void CWnd::SetWindowText(const wchar_t* text)
     else if (auto* button = qobject_cast<QAbstractButton*>(m_widget))
         button->setText(shown);
     else if (auto* label = qobject_cast<QLabel*>(m_widget))
-        label->setText(shown);
+        showPlain(*label, shown);
+    else if (auto* frame = qobject_cast<QGroupBox*>(m_widget))
+        frame->setTitle(shown);
     else if (m_widget != nullptr)
         m_widget->setWindowTitle(shown);
 }

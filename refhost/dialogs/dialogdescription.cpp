@@ -45,14 +45,22 @@ public:
     {
         if (parent != nullptr)
             return QUiLoader::createWidget(className, parent, name);
-        if (className != QLatin1String("QDialog"))
+        m_describesDialog = className == QLatin1String("QDialog");
+        if (!m_describesDialog)
             return nullptr;
         m_dialog.setObjectName(name);
         return &m_dialog;
     }
 
+    // What is wrong when nothing was built.
+    [[nodiscard]] QString fault() const
+    {
+        return m_describesDialog ? errorString() : qtTrId("dialog-not-a-dialog");
+    }
+
 private:
     QDialog& m_dialog;
+    bool m_describesDialog = true;
 };
 
 Fault damaged(const QString& path, const QString& why)
@@ -115,11 +123,11 @@ Status buildDialog(QDialog& dialog, const DialogDescription& description)
     IntoDialog loader(dialog);
     const QWidget* const built = loader.load(&file);
     const QString wrong =
-        built == nullptr ? loader.errorString() : controlsFault(dialog, description.dialog);
+        built == nullptr ? loader.fault() : controlsFault(dialog, description.dialog);
     if (built != nullptr && wrong.isEmpty())
         return Done{};
     removeControls(dialog);
-    return damaged(path, wrong.isEmpty() ? qtTrId("dialog-not-a-dialog") : wrong);
+    return damaged(path, wrong);
 }
 
 } // namespace quelhost

@@ -11,6 +11,7 @@ struct ModalRun
 {
     QDialog& dialog;
     std::exception_ptr exception;
+    bool looping = false; // whether closing the dialog ends its event loop
 };
 
 ModalRun* innermost = nullptr;
@@ -28,6 +29,27 @@ public:
 
 private:
     ModalRun* const m_outer;
+};
+
+// Is told when the dialog's event loop runs. A dialog that is closed while it is only being shown
+// would wait for ever, so an exception from then closes it with the first event of its loop.
+class LoopStart final : public QObject
+{
+public:
+    explicit LoopStart(ModalRun& run)
+        : m_run(run)
+    {}
+
+protected:
+    void customEvent(QEvent*) override
+    {
+        m_run.looping = true;
+        if (m_run.exception)
+            m_run.dialog.done(QDialog::Rejected);
+    }
+
+private:
+    ModalRun& m_run;
 };
 
 } // namespace
@@ -49,17 +71,20 @@ bool HostApplication::notify(QObject* receiver, QEvent* event)
         // Events inside events pass here twice: the first to see the exception keeps it.
         if (!run->exception)
             run->exception = std::current_exception();
-        run->dialog.done(QDialog::Rejected);
+        if (run->looping)
+            run->dialog.done(QDialog::Rejected);
         return false;
     }
 }
 
 int runModal(QDialog& dialog)
 {
-    ModalRun run{dialog, nullptr};
+    ModalRun run{dialog, nullptr, false};
     int result = QDialog::Rejected;
     {
         const Entered entered(run);
+        LoopStart start(run);
+        QCoreApplication::postEvent(&start, new QEvent(QEvent::User)); // which the loop owns
         result = dialog.exec();
     }
     if (run.exception)

@@ -17,24 +17,33 @@ namespace quelhost {
 
 namespace {
 
-// Opens the dialog on a file, on the folder of one that does not exist, or on a folder.
+// The folder itself or the nearest one above that there is.
+QString nearestFolder(QString path)
+{
+    while (!QFileInfo(path).isDir())
+        path = QFileInfo(path).path();
+    return path;
+}
+
+// Opens the dialog on a file, or on the folder of what is no file.
 void start(QFileDialog& dialog, const QString& location)
 {
     if (location.isEmpty())
         return;
     const QFileInfo info(location);
-    dialog.setDirectory(info.isDir() ? info.absoluteFilePath() : info.absolutePath());
+    dialog.setDirectory(nearestFolder(info.absoluteFilePath()));
     if (info.isFile())
         dialog.selectFile(info.absoluteFilePath());
 }
 
-// Two filters may read the same: then the one that was shown first counts as chosen.
+// Two filters may read the same: then the one that was shown first counts as chosen. It also stays
+// where there are no filters.
 int chosenFilter(const QFileDialog& dialog, const FileRequest& request)
 {
     const QString chosen = dialog.selectedNameFilter();
-    if (request.filters.value(request.filterIndex) == chosen)
-        return request.filterIndex;
-    return request.filters.indexOf(chosen);
+    const int index = request.filters.indexOf(chosen);
+    const bool asShown = request.filters.value(request.filterIndex) == chosen;
+    return asShown || index < 0 ? request.filterIndex : index;
 }
 
 } // namespace

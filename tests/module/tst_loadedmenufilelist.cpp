@@ -235,6 +235,74 @@ TEST(LoadedMenuFileList, BlanksAroundASeparatorBelongToTheNames)
     EXPECT_TRUE(listOf(L"x;" + there + L";x").isLoaded(L"plant"));
 }
 
+TEST(LoadedMenuFileList, ShowsTheBaseNamesOfTheEntriesThatExistInTheirOrder)
+{
+    const recording::MenuFolder folder;
+    folder.folder(L"x");
+    const std::wstring a = folder.file(L"a.cuix");
+    const std::wstring capital = folder.file(L"x/A.b.cuix");
+    const std::wstring mark = folder.file(L"\uFEFFm.cuix");
+    const std::wstring smile = folder.file(L"\U0001F600.\u00E9");
+    const std::wstring gone = folder.path(L"gone.cuix");
+    struct Row
+    {
+        std::wstring text;
+        std::vector<std::wstring> names;
+    };
+    for (const Row& row :
+         {Row{L"", {}}, Row{L";", {}}, Row{gone, {}}, Row{a, {L"a"}}, Row{a + L";", {L"a"}},
+          Row{L";" + a, {L"a"}}, Row{a + L";;" + a, {L"a", L"a"}},
+          Row{gone + L";" + capital + L";" + gone + L";" + a, {L"A", L"a"}},
+          Row{mark + L";" + smile, {L"\uFEFFm", L"\U0001F600"}}, Row{L" " + a, {}},
+          Row{folder.path(L"x") + L";" + folder.path(L"x/"), {L"x", L""}},
+          Row{folder.link(L"l.cuix", a) + L";" + folder.link(L"m.cuix", gone), {L"l"}}}) {
+        const LoadedMenuFileList list = listOf(row.text);
+        EXPECT_EQ(list.shownNames(), row.names) << toUtf8(row.text);
+        EXPECT_EQ(writtenTextOf(list), row.text) << toUtf8(row.text);
+    }
+}
+
+TEST(LoadedMenuFileList, RemovesEveryEntryOfExactlyOneNameWhetherItExistsOrNot)
+{
+    const recording::MenuFolder folder;
+    const std::wstring there = folder.file(L"a.cuix");
+    struct Row
+    {
+        std::wstring before;
+        const wchar_t* name;
+        int removed;
+        std::wstring after;
+    };
+    for (const Row& row :
+         {Row{L"", L"a", 0, L""},
+          Row{L";;", L"a", 0, L";;"},
+          Row{L"/t/b", L"a", 0, L"/t/b"},
+          Row{there, L"a", 1, L""},
+          Row{L"/t/a.cuix", L"a", 1, L""},
+          Row{L";/t/a.cuix", L"a", 1, L""},
+          Row{L"/t/a.cuix;", L"a", 1, L""},
+          Row{L";/t/a.cuix;", L"a", 1, L";"},
+          Row{L";;/t/a.cuix;;", L"a", 1, L";;;"},
+          Row{there + L";/t/b;/u/a.x.y;;/t/gone", L"a", 2, L"/t/b;;/t/gone"},
+          Row{L"/t/a;/t/A;/t/aa;/t/b.a;a/b; a", L"a", 1, L"/t/A;/t/aa;/t/b.a;a/b; a"},
+          Row{L"a;a;a", L"a", 3, L""},
+          Row{L"a;b;a;c;a", L"a", 3, L"b;c"},
+          Row{L"/t/a.cuix", L"a.cuix", 0, L"/t/a.cuix"},
+          Row{L"/t/a.cuix", L"/t/a", 0, L"/t/a.cuix"},
+          Row{L"/t/a.cuix", L"A", 0, L"/t/a.cuix"},
+          Row{L"x;;/t/;/t/.hidden;y", L"", 3, L"x;y"},
+          Row{L"/t/stra\u00DFe;/t/STRASSE", L"STRASSE", 1, L"/t/stra\u00DFe"},
+          Row{L"\uFEFFa;a", L"a", 1, L"\uFEFFa"},
+          Row{L"\uFEFFa;a", L"\uFEFFa", 1, L"a"},
+          Row{L"\U0001F600.x;\u00E9", L"\U0001F600", 1, L"\u00E9"}}) {
+        LoadedMenuFileList list = listOf(row.before);
+        host().trace.clear();
+        EXPECT_EQ(list.removeNamed(row.name), row.removed) << toUtf8(row.before);
+        EXPECT_EQ(host().trace, Lines{});
+        EXPECT_EQ(writtenTextOf(list), row.after) << toUtf8(row.before);
+    }
+}
+
 TEST(LoadedMenuFileList, ALeadingMarkIsACharacterOfAnEntry)
 {
     const recording::MenuFolder folder;

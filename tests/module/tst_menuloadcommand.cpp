@@ -14,10 +14,6 @@ using Lines = std::vector<std::string>;
 
 namespace {
 
-const Lines kDialogOnly{
-    "enterResourceScope(\"VxCuiCmdsRes.dll\") -> true", "commandShouldUseDialog(context) -> true",
-    "quedGetVar(\"FILEDIA\") -> 5100", "DoModal() -> 2", "leaveResourceScope(0)"};
-
 const char* const kPromptLine = "quedGetString(0, \"Enter name of menu file to load:\") -> ";
 
 } // namespace
@@ -76,14 +72,6 @@ TEST_F(MenuLoad, OpensTheDialogOnlyWhenItMayAndFileDialogsAreOn)
         EXPECT_EQ(host().count("commandShouldUseDialog"), 1) << row.name;
         EXPECT_EQ(host().count("quedGetVar"), 1) << row.name;
     }
-}
-
-TEST_F(MenuLoad, ShowsTheDialogAndNothingElse)
-{
-    host().useDialog.usually(true);
-    host().setVariable(L"FILEDIA", short{1});
-    EXPECT_EQ(run(), 5100);
-    EXPECT_EQ(host().trace, kDialogOnly);
 }
 
 TEST_F(MenuLoad, HandsAnEmptyRecordToTheHost)

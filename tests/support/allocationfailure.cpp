@@ -8,6 +8,7 @@
 namespace {
 
 std::atomic<std::size_t> mallocFailsFrom{SIZE_MAX};
+std::atomic<std::size_t> mallocFailsTo{SIZE_MAX};
 std::atomic<std::size_t> newFailsFrom{SIZE_MAX};
 std::atomic<std::size_t> lastRefused{0};
 
@@ -15,9 +16,10 @@ std::atomic<std::size_t> lastRefused{0};
 
 namespace recording {
 
-MallocFails::MallocFails(std::size_t fromBytes)
+MallocFails::MallocFails(std::size_t fromBytes, std::size_t toBytes)
 {
     lastRefused = 0;
+    mallocFailsTo = toBytes;
     mallocFailsFrom = fromBytes;
 }
 
@@ -50,7 +52,7 @@ void* __wrap_malloc(std::size_t size);
 
 void* __wrap_malloc(std::size_t size)
 {
-    if (size < mallocFailsFrom)
+    if (size < mallocFailsFrom || size > mallocFailsTo)
         return __real_malloc(size);
     lastRefused = size;
     return nullptr;

@@ -5,14 +5,15 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace recording {
 
-// While one lives, calls of malloc for at least that many bytes give null.
+// While one lives, calls of malloc for at least that many bytes, and at most so many, give null.
 class MallocFails
 {
 public:
-    explicit MallocFails(std::size_t fromBytes);
+    explicit MallocFails(std::size_t fromBytes, std::size_t toBytes = SIZE_MAX);
     ~MallocFails();
     MallocFails(const MallocFails&) = delete;
     MallocFails& operator=(const MallocFails&) = delete;

@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 
+#include <algorithm>
+
 using recording::hexadecimal;
 using recording::host;
 using recording::list;
@@ -27,6 +29,15 @@ struct DialogItem : QObject
         , window(widget)
     {}
     CWnd window;
+};
+
+// Counts who listens to a signal, which an object tells only to its own class.
+struct Listeners : QObject
+{
+    static int count(const QObject& object, const char* signal)
+    {
+        return (object.*(&Listeners::receivers))(signal);
+    }
 };
 
 std::string nameOf(const QWidget* widget)
@@ -51,9 +62,13 @@ RECT screenRect(const QWidget& widget)
     return {corner.x(), corner.y(), corner.x() + widget.width(), corner.y() + widget.height()};
 }
 
+// The nearest place that a widget can have: a caller's edges may be any numbers.
 QRect toQRect(const RECT& rect)
 {
-    return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+    constexpr int limit = 1 << 20;
+    const auto edge = [limit](int value) { return std::clamp(value, -limit, limit); };
+    return {edge(rect.left), edge(rect.top), edge(rect.right) - edge(rect.left),
+            edge(rect.bottom) - edge(rect.top)};
 }
 
 } // namespace
@@ -263,7 +278,9 @@ QWidget* QuUiBaseDialog::getWidgetsFromOrignal(const wchar_t* objectName) const
 
 bool QuUiBaseDialog::CheckIfConnected(const wchar_t* objectName) const
 {
-    const bool result = host().connectedControls.count(objectName) > 0;
+    const auto* const button = findChild<QAbstractButton*>(quelhost::toQString(objectName));
+    const bool result = host().connectedControls.count(objectName) > 0 ||
+                        (button != nullptr && Listeners::count(*button, SIGNAL(clicked(bool))) > 0);
     host().called("CheckIfConnected", shown(objectName), shown(result));
     return result;
 }

@@ -7,26 +7,27 @@
 #include "refhost/core/widetext.h"
 
 #include <algorithm>
+#include <set>
 
 using recording::host;
 using recording::list;
 using recording::MaybeText;
 using recording::shown;
 
-// A handle is the entry of its file in a table that is never emptied.
-struct QuelResource
-{
-    std::wstring file;
-};
-
 namespace {
 
+// A handle is the address of its file's name, in a table that is never emptied. Its type stays
+// open: the reference host has one of that name, and there are tests with parts of both.
 QuelResourceHandle handleOf(const std::wstring& file)
 {
-    static std::map<std::wstring, QuelResource> files;
-    QuelResource& resource = files[file];
-    resource.file = file;
-    return &resource;
+    static std::set<std::wstring> files;
+    const std::wstring& name = *files.insert(file).first;
+    return reinterpret_cast<QuelResourceHandle>(&name);
+}
+
+const std::wstring& fileOf(QuelResourceHandle handle)
+{
+    return *reinterpret_cast<const std::wstring*>(handle);
 }
 
 // The resource of that file; nothing when there is none.
@@ -74,9 +75,9 @@ int LoadStringW(QuelResourceHandle resource, unsigned int id, wchar_t* buffer, i
     host().lastLoadBuffer = buffer;
     const std::size_t line = host().trace.size();
     host().called("LoadStringW",
-                  list(quelhost::toUtf8(resource->file), shown(id), shown(maxChars)));
+                  list(quelhost::toUtf8(fileOf(resource)), shown(id), shown(maxChars)));
     const int result = host().loadString ? host().loadString(id, buffer, maxChars)
-                                         : copyTo(findText(resource->file, id), buffer, maxChars);
+                                         : copyTo(findText(fileOf(resource), id), buffer, maxChars);
     host().trace[line] += " -> " + shown(result);
     return result;
 }

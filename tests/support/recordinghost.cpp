@@ -63,6 +63,12 @@ int Host::count(const std::string& function) const
     return static_cast<int>(calls(function).size());
 }
 
+void Host::forgetCalls()
+{
+    trace.clear();
+    m_counts.clear();
+}
+
 void Host::onCall(const std::string& function, int which, std::function<void()> hook)
 {
     m_hooks[{function, which}] = std::move(hook);

@@ -95,6 +95,8 @@ public:
     // The lines of one function, in their order.
     [[nodiscard]] std::vector<std::string> calls(const std::string& function) const;
     [[nodiscard]] int count(const std::string& function) const;
+    // Forgets the calls so far, so that the next one of each function is its first.
+    void forgetCalls();
     // Also writes each line to standard error at once, for what happens after the test's end.
     bool announce = false;
 
@@ -151,6 +153,7 @@ public:
     std::function<void(QuUiBaseDialog&)> whileModal;
     Answers<bool> controlsGenerated{true};
     std::function<void(QuUiBaseDialog&)> makeControls;
+    // Counted as connected beside those that are.
     std::set<std::wstring> connectedControls;
     Answers<FileDialogAnswer> fileDialogs{{QuelStatus::kCancelled, std::nullopt, 0, 0}};
     // In place of vxGetFileDialog's own work; gives its status.

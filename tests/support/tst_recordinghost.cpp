@@ -131,6 +131,37 @@ TEST(RecordingHost, ThrowsOnTheChosenCallAndNotesIt)
     delete caught;
 }
 
+TEST(RecordingHost, CountsAnewWhenItForgetsCalls)
+{
+    const VxErrorStatus* const thrown = host().throwOnCall("quedInitGet", 2);
+    EXPECT_EQ(quedInitGet(0, nullptr), 5100);
+    host().forgetCalls();
+    EXPECT_EQ(host().trace, Lines{});
+    EXPECT_EQ(quedInitGet(0, nullptr), 5100);
+    const VxErrorStatus* caught = nullptr;
+    try {
+        quedInitGet(0, nullptr);
+    } catch (VxErrorStatus* error) {
+        caught = error;
+    }
+    EXPECT_EQ(caught, thrown);
+    delete caught;
+}
+
+TEST(RecordingHost, KnowsWhichButtonsAreConnected)
+{
+    Dialog dialog;
+    auto* const button = new QPushButton(&dialog);
+    button->setObjectName(QStringLiteral("IDOK"));
+    EXPECT_FALSE(dialog.CheckIfConnected(L"IDOK"));
+    host().connectedControls = {L"IDOK"};
+    EXPECT_TRUE(dialog.CheckIfConnected(L"IDOK"));
+    host().connectedControls.clear();
+    dialog.bindSingals();
+    EXPECT_TRUE(dialog.CheckIfConnected(L"IDOK"));
+    EXPECT_FALSE(dialog.CheckIfConnected(L"IDCANCEL"));
+}
+
 TEST(RecordingHost, StoresDeepCopies)
 {
     QueldConfig* const store = quelConfig();
