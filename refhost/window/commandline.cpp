@@ -2,13 +2,14 @@
 
 #include "refhost/core/linecompletion.h"
 #include "refhost/core/widetext.h"
+#include "refhost/window/promptlabel.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -19,10 +20,19 @@ namespace quelhost {
 namespace {
 
 constexpr int kMostRows = 20000;
+constexpr int kFewestCharacters = 24; // of the line that a long prompt leaves in sight
 
 QString lastRow(const QString& prompt)
 {
     return prompt.mid(prompt.lastIndexOf(QLatin1Char('\n')) + 1);
+}
+
+// What a key types, if that can be seen. A character beyond the first plane comes as two halves.
+bool isVisibleText(const QKeyEvent& key)
+{
+    const QString text = key.text();
+    const bool isChord = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+    return !isChord && !text.isEmpty() && (text.at(0).isPrint() || text.at(0).isSurrogate());
 }
 
 } // namespace
@@ -30,12 +40,13 @@ QString lastRow(const QString& prompt)
 CommandLine::CommandLine(const QString& historyFile, QWidget* parent)
     : QWidget(parent)
     , m_said(new QPlainTextEdit(this))
-    , m_prompt(new QLabel(this))
+    , m_prompt(new PromptLabel(this))
     , m_line(new QLineEdit(this))
     , m_history(historyFile)
 {
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     m_said->setReadOnly(true);
+    m_said->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_said->setMaximumBlockCount(kMostRows);
     m_said->setFont(font);
     m_said->setObjectName(QStringLiteral("said"));
@@ -43,8 +54,8 @@ CommandLine::CommandLine(const QString& historyFile, QWidget* parent)
     m_said->setTabChangesFocus(true);
     m_prompt->setFont(font);
     m_prompt->setObjectName(QStringLiteral("prompt"));
-    m_prompt->setTextFormat(Qt::PlainText);
     m_line->setFont(font);
+    m_line->setMinimumWidth(QFontMetrics(font).averageCharWidth() * kFewestCharacters);
     m_line->setObjectName(QStringLiteral("line"));
     m_line->installEventFilter(this);
     m_said->installEventFilter(this);
@@ -58,9 +69,7 @@ CommandLine::CommandLine(const QString& historyFile, QWidget* parent)
     rows->addLayout(row);
     setFocusProxy(m_line);
     endPrompt();
-    const QString problem = m_history.takeProblem();
-    if (!problem.isEmpty())
-        append(problem + QLatin1Char('\n'));
+    tellHistoryProblem();
 }
 
 void CommandLine::append(const QString& text)
@@ -76,7 +85,7 @@ void CommandLine::ask(const LineRequest& request)
     m_request = request;
     m_recalled = 0;
     const QString prompt = lastRow(toQString(request.prompt));
-    m_prompt->setText(prompt);
+    m_prompt->showPrompt(prompt);
     m_line->setAccessibleName(prompt);
     m_line->setEnabled(true);
     focusLine();
@@ -85,7 +94,7 @@ void CommandLine::ask(const LineRequest& request)
 void CommandLine::endPrompt()
 {
     m_request.reset();
-    m_prompt->clear();
+    m_prompt->showPrompt({});
     m_line->setEnabled(false);
 }
 
@@ -99,25 +108,33 @@ bool CommandLine::eventFilter(QObject* watched, QEvent* event)
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     auto* const key = static_cast<QKeyEvent*>(event);
-    if (key->matches(QKeySequence::Copy) && !hasSelection()) {
-        emit cancelled();
+    if (key->matches(QKeySequence::Copy)) {
+        copyOrCancel(*key);
         return true;
     }
-    if (watched == m_line)
-        return handleKey(key->key()) || QWidget::eventFilter(watched, event);
-    // What is typed while the text above has the focus is meant for the line.
-    const bool isText = !key->text().isEmpty() && key->text().at(0).isPrint() &&
-                        (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
-    if (!isText || !isAsking())
-        return QWidget::eventFilter(watched, event);
-    focusLine();
-    m_line->insert(key->text());
-    return true;
+    const bool handled = watched == m_line ? handleKey(key->key()) : passToLine(*key);
+    return handled || QWidget::eventFilter(watched, event);
 }
 
-bool CommandLine::hasSelection() const
+// Of the line and the text above only one has the focus, and the other may hold the selection.
+void CommandLine::copyOrCancel(const QKeyEvent& key)
 {
-    return m_line->hasSelectedText() || m_said->textCursor().hasSelection();
+    if (m_line->hasSelectedText())
+        m_line->copy();
+    else if (m_said->textCursor().hasSelection())
+        m_said->copy();
+    else if (key.key() == Qt::Key_C)
+        emit cancelled();
+}
+
+// What is typed while the text above has the focus is meant for the line.
+bool CommandLine::passToLine(const QKeyEvent& key)
+{
+    if (!isVisibleText(key) || !isAsking())
+        return false;
+    focusLine();
+    m_line->insert(key.text());
+    return true;
 }
 
 bool CommandLine::handleKey(int key)
@@ -145,15 +162,33 @@ bool CommandLine::handleKey(int key)
 
 void CommandLine::enter()
 {
-    const QString line = m_line->text();
+    static const QRegularExpression rowEnd(QStringLiteral("\r\n|[\n\r\\x{2028}\\x{2029}]"));
+    QStringList rows = m_line->text().split(rowEnd);
+    if (rows.size() > 1 && rows.last().isEmpty())
+        rows.removeLast();
     m_line->clear();
-    if (m_request->completion == Completion::Commands) {
-        m_history.add(toWide(line));
-        const QString problem = m_history.takeProblem();
-        if (!problem.isEmpty())
-            append(problem + QLatin1Char('\n'));
-    }
-    emit lineEntered(line);
+    m_recalled = 0;
+    for (const QString& row : rows)
+        emit lineEntered(row);
+}
+
+void CommandLine::dropLine()
+{
+    m_line->clear();
+    m_recalled = 0;
+}
+
+void CommandLine::remember(const std::wstring& line)
+{
+    m_history.add(line);
+    tellHistoryProblem();
+}
+
+void CommandLine::tellHistoryProblem()
+{
+    const QString problem = m_history.takeProblem();
+    if (!problem.isEmpty())
+        append(problem + QLatin1Char('\n'));
 }
 
 void CommandLine::recall(int step)

@@ -9,11 +9,13 @@
 
 #include <optional>
 
-class QLabel;
+class QKeyEvent;
 class QLineEdit;
 class QPlainTextEdit;
 
 namespace quelhost {
+
+class PromptLabel;
 
 // Enter hands the line over, Up and Down go through the history, Tab completes, and Ctrl+C cancels
 // where nothing is selected that it could copy.
@@ -22,8 +24,7 @@ class CommandLine final : public QWidget
     Q_OBJECT
 
 public:
-    // Lines of Completion::Commands are kept in `historyFile`; an empty name keeps them for this
-    // run only.
+    // What is remembered is kept in `historyFile`; an empty name keeps it for this run only.
     explicit CommandLine(const QString& historyFile, QWidget* parent = nullptr);
 
     // Adds to what was said, as it stands.
@@ -34,11 +35,16 @@ public:
     // There is no prompt any more: nothing can be typed until the next.
     void endPrompt();
     [[nodiscard]] bool isAsking() const { return m_request.has_value(); }
+    // Drops the line that was begun: it was an answer to a prompt that is cancelled.
+    void dropLine();
+    // Puts a line into the history.
+    void remember(const std::wstring& line);
 
     // Puts the keyboard focus into the line.
     void focusLine();
 
 signals:
+    // A line was typed. Text of several rows that was pasted comes row by row.
     void lineEntered(const QString& line);
     void cancelled();
 
@@ -46,14 +52,16 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    [[nodiscard]] bool hasSelection() const;
+    void copyOrCancel(const QKeyEvent& key);
     bool handleKey(int key);
+    bool passToLine(const QKeyEvent& key);
     void enter();
+    void tellHistoryProblem();
     void recall(int step);
     void complete();
 
     QPlainTextEdit* const m_said;
-    QLabel* const m_prompt;
+    PromptLabel* const m_prompt;
     QLineEdit* const m_line;
     LineHistory m_history;
     std::optional<LineRequest> m_request;

@@ -1,26 +1,12 @@
 #include "refhost/window/groupmenus.h"
 
-#include <QAction>
+#include "refhost/window/macroaction.h"
+
 #include <QMenu>
 
 #include <algorithm>
 
 namespace quelhost {
-
-namespace {
-
-// Of an action that types a macro: its tip, and whether it begins with a cancel.
-constexpr char kTip[] = "quelTip";
-constexpr char kCancelsFirst[] = "quelCancelsFirst";
-
-const MenuCommand* find(const MenuGroup& group, const QString& id)
-{
-    const auto found = std::find_if(group.commands.begin(), group.commands.end(),
-                                    [&id](const MenuCommand& each) { return each.id == id; });
-    return found == group.commands.end() ? nullptr : &*found;
-}
-
-} // namespace
 
 GroupMenus::GroupMenus(QMenuBar& bar)
     : m_bar(bar)
@@ -73,7 +59,7 @@ void GroupMenus::fill(QMenu& menu, const std::vector<MenuItem>& items, const Men
             fill(*menu.addMenu(item.menu.text), item.menu.items, group);
             break;
         case MenuItem::Kind::Command:
-            if (const MenuCommand* command = find(group, item.command))
+            if (const MenuCommand* command = findCommand(group, item.command))
                 addCommand(menu, *command);
             break;
         }
@@ -82,13 +68,10 @@ void GroupMenus::fill(QMenu& menu, const std::vector<MenuItem>& items, const Men
 
 void GroupMenus::addCommand(QMenu& menu, const MenuCommand& command)
 {
-    const std::vector<MacroStep> macro = readMacro(command.macro).steps;
-    QAction* const action = menu.addAction(command.text);
-    action->setProperty(kTip, command.tip);
-    action->setProperty(kCancelsFirst,
-                        !macro.empty() && macro.front().kind == MacroStep::Kind::Cancel);
-    applyTo(*action);
-    connect(action, &QAction::triggered, this, [this, macro] { emit chosen(macro); });
+    auto* const action = new MacroAction(command, &menu); // which owns it
+    action->setCommandAsking(m_asking);
+    connect(action, &MacroAction::chosen, this, &GroupMenus::chosen);
+    menu.addAction(action);
 }
 
 void GroupMenus::setCommandAsking(bool asking)
@@ -98,21 +81,10 @@ void GroupMenus::setCommandAsking(bool asking)
     m_asking = asking;
     for (const Entry& entry : m_entries) {
         for (const std::unique_ptr<QMenu>& menu : entry.menus) {
-            for (QAction* action : menu->findChildren<QAction*>()) {
-                if (action->property(kCancelsFirst).isValid())
-                    applyTo(*action);
-            }
+            for (MacroAction* action : menu->findChildren<MacroAction*>())
+                action->setCommandAsking(asking);
         }
     }
-}
-
-void GroupMenus::applyTo(QAction& action) const
-{
-    const bool possible = !m_asking || action.property(kCancelsFirst).toBool();
-    action.setEnabled(possible);
-    const QString tip = possible ? action.property(kTip).toString() : qtTrId("window-asking-first");
-    action.setToolTip(tip);
-    action.setStatusTip(tip);
 }
 
 } // namespace quelhost

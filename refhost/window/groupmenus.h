@@ -10,7 +10,6 @@
 #include <memory>
 #include <vector>
 
-class QAction;
 class QMenu;
 
 namespace quelhost {
@@ -47,7 +46,6 @@ private:
     [[nodiscard]] Entry makeEntry(const ShownGroup& shown);
     void fill(QMenu& menu, const std::vector<MenuItem>& items, const MenuGroup& group);
     void addCommand(QMenu& menu, const MenuCommand& command);
-    void applyTo(QAction& action) const;
 
     QMenuBar& m_bar;
     std::vector<Entry> m_entries;

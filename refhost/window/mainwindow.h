@@ -1,8 +1,10 @@
-// The main window: menus of the loaded groups, and the command line.
+// The main window: menus, toolbars and keys of the loaded groups, and the command line.
 #pragma once
 
 #include "refhost/window/commandline.h"
+#include "refhost/window/groupkeys.h"
 #include "refhost/window/groupmenus.h"
+#include "refhost/window/grouptoolbars.h"
 
 #include <QMainWindow>
 
@@ -19,7 +21,15 @@ public:
     [[nodiscard]] CommandLine& commandLine() { return *m_commandLine; }
     [[nodiscard]] GroupMenus& menus() { return m_menus; }
 
+    // Shows exactly the menus, toolbars and keys of these groups. Returns what the user is to be
+    // told about them, a sentence each.
+    [[nodiscard]] QStringList showGroups(const std::vector<ShownGroup>& groups);
+    // While a command asks, only what begins with a cancel can be chosen.
+    void setCommandAsking(bool asking);
+
 signals:
+    // An item of a menu, a button or a key was chosen.
+    void chosen(const std::vector<quelhost::MacroStep>& macro);
     // The user closed the window.
     void closed();
 
@@ -30,6 +40,8 @@ protected:
 private:
     CommandLine* const m_commandLine;
     GroupMenus m_menus;
+    GroupToolbars m_toolbars;
+    GroupKeys m_keys;
 };
 
 } // namespace quelhost

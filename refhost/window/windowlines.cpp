@@ -13,17 +13,22 @@ WindowLines::WindowLines(CommandLine& commandLine, Output& output)
     , m_output(output)
 {
     connect(&commandLine, &CommandLine::lineEntered, this, [this](const QString& line) {
-        add({false, {Line::Kind::Text, toWide(line)}});
+        add({Typed::Kind::ByHand, {Line::Kind::Text, toWide(line)}});
     });
     connect(&commandLine, &CommandLine::cancelled, this, &WindowLines::cancel);
 }
 
+// The last row of the prompt stands beside the line; what comes before it is to be read meanwhile.
 Line WindowLines::readLine(const LineRequest& request)
 {
+    if (m_ended)
+        return {};
+    const std::size_t lastRow = request.prompt.rfind(L'\n') + 1;
+    m_output.write(request.prompt.substr(0, lastRow));
     Line line = nextLine(request);
     m_output.startRow();
     if (line.kind != Line::Kind::End)
-        m_output.writeRow(request.prompt + line.text);
+        m_output.writeRow(request.prompt.substr(lastRow) + line.text);
     return line;
 }
 
@@ -39,13 +44,16 @@ Line WindowLines::nextLine(const LineRequest& request)
             loop.exec();
             m_loop = nullptr;
             m_commandLine.endPrompt();
-        } else if (!m_typed.front().isCancel) {
-            Line line = std::move(m_typed.front().line);
+        } else if (m_typed.front().kind != Typed::Kind::LetEnd) {
+            const Typed typed = std::move(m_typed.front());
             m_typed.pop_front();
-            return line;
+            if (forCommand && typed.kind == Typed::Kind::ByHand)
+                m_commandLine.remember(typed.line.text);
+            return typed.line;
         } else if (forCommand) {
             m_typed.pop_front(); // no command is asking any more
         } else {
+            m_commandLine.dropLine();
             return {Line::Kind::Cancel, {}};
         }
     }
@@ -62,10 +70,10 @@ void WindowLines::type(const std::vector<MacroStep>& macro)
             break;
         case MacroStep::Kind::Cancel:
             line.clear();
-            add({true, {}});
+            add({Typed::Kind::LetEnd, {}});
             break;
         case MacroStep::Kind::Enter:
-            add({false, {Line::Kind::Text, std::exchange(line, {})}});
+            add({Typed::Kind::ByItem, {Line::Kind::Text, std::exchange(line, {})}});
             break;
         }
     }
@@ -74,8 +82,9 @@ void WindowLines::type(const std::vector<MacroStep>& macro)
 void WindowLines::cancel()
 {
     m_typed.clear();
+    m_commandLine.dropLine();
     if (m_loop != nullptr)
-        add({false, {Line::Kind::Cancel, {}}});
+        add({Typed::Kind::ByHand, {Line::Kind::Cancel, {}}});
 }
 
 void WindowLines::end()

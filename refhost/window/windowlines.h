@@ -42,7 +42,12 @@ private:
     // What is typed next.
     struct Typed
     {
-        bool isCancel = false; // lets a command that asks end
+        enum class Kind {
+            LetEnd, // lets a command that asks end
+            ByItem, // a line that an item of the menus types
+            ByHand, // a line of the user's, or a cancel
+        };
+        Kind kind = Kind::LetEnd;
         Line line;
     };
 

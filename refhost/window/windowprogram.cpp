@@ -1,6 +1,7 @@
 #include "refhost/window/windowprogram.h"
 
 #include "refhost/console/scriptlines.h"
+#include "refhost/core/widetext.h"
 #include "refhost/dialogs/widgetface.h"
 #include "refhost/window/mainwindow.h"
 #include "refhost/window/windowlines.h"
@@ -31,9 +32,9 @@ private:
 void connectLines(MainWindow& window, WindowLines& lines)
 {
     QObject::connect(&window, &MainWindow::closed, &lines, &WindowLines::end);
-    QObject::connect(&window.menus(), &GroupMenus::chosen, &lines, &WindowLines::type);
+    QObject::connect(&window, &MainWindow::chosen, &lines, &WindowLines::type);
     QObject::connect(&lines, &WindowLines::waiting, &window,
-                     [&window](bool forCommand) { window.menus().setCommandAsking(!forCommand); });
+                     [&window](bool forCommand) { window.setCommandAsking(!forCommand); });
 }
 
 Status runInWindow(const Options& options, const InstalledFiles& files)
@@ -59,8 +60,12 @@ Status runInWindow(const Options& options, const InstalledFiles& files)
         return session.fault();
     Host& host = session.value()->host();
     host.setFace(face);
-    host.groups.setListener([&] { window.menus().show(host.groups.groups()); });
-    window.menus().show(host.groups.groups());
+    const auto showGroups = [&] {
+        for (const QString& sentence : window.showGroups(host.groups.groups()))
+            output.writeRow(toWide(sentence));
+    };
+    host.groups.setListener(showGroups);
+    showGroups();
     window.show();
     session.value()->run();
     return Done{};
@@ -70,9 +75,8 @@ Status runInWindow(const Options& options, const InstalledFiles& files)
 
 } // namespace quelhost
 
-extern "C" __attribute__((visibility("default"))) void
-quelhostRunWindow(const quelhost::Options& options, const quelhost::InstalledFiles& files,
-                  quelhost::Status& result)
+void quelhostRunWindow(const quelhost::Options& options, const quelhost::InstalledFiles& files,
+                       quelhost::Status& result)
 {
     result = quelhost::runInWindow(options, files);
 }

@@ -15,3 +15,7 @@ using RunWindow = void (*)(const Options& options, const InstalledFiles& files, 
 constexpr char kRunWindowName[] = "quelhostRunWindow";
 
 } // namespace quelhost
+
+extern "C" __attribute__((visibility("default"))) void
+quelhostRunWindow(const quelhost::Options& options, const quelhost::InstalledFiles& files,
+                  quelhost::Status& result);

@@ -664,5 +664,9 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
         <source>The window cannot be used: %1</source>
         <translation>Das Fenster kann nicht verwendet werden: %1</translation>
     </message>
+    <message id="window-key-lost">
+        <source>%1 stays with %2 (%3); %4 (%5) does without it.</source>
+        <translation>%1 bleibt bei %2 (%3); %4 (%5) kommt ohne aus.</translation>
+    </message>
 </context>
 </TS>

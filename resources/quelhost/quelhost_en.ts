@@ -664,5 +664,9 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
         <source>The window cannot be used: %1</source>
         <translation>The window cannot be used: %1</translation>
     </message>
+    <message id="window-key-lost">
+        <source>%1 stays with %2 (%3); %4 (%5) does without it.</source>
+        <translation>%1 stays with %2 (%3); %4 (%5) does without it.</translation>
+    </message>
 </context>
 </TS>

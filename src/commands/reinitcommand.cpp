@@ -26,9 +26,19 @@ std::wstring aliasFileName()
     return textOrEmpty(name);
 }
 
+std::size_t countOf(const std::wstring& part, const std::wstring& text)
+{
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + part.size()))
+        ++count;
+    return count;
+}
+
 // Goes on behind what it put in: a name that contains the replaced one is not replaced again.
 void replaceAll(std::wstring& text, const std::wstring& part, const std::wstring& replacement)
 {
+    if (replacement.size() > part.size())
+        text.reserve(text.size() + countOf(part, text) * (replacement.size() - part.size()));
     for (std::size_t at = text.find(part); at != text.npos;
          at = text.find(part, at + replacement.size()))
         text.replace(at, part.size(), replacement);
