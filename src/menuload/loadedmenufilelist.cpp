@@ -164,7 +164,7 @@ LoadedMenuFileList::Found LoadedMenuFileList::unload(const std::wstring& path)
         if (matches(entry))
             found = index == 0 ? Found::MainFile : Found::Removed;
         ++index;
-        return found == Found::MainFile;
+        return found != Found::Nothing;
     });
     if (found == Found::Removed)
         removeIf([&matches](std::wstring_view entry) {

@@ -53,14 +53,13 @@ Lines runWith(const std::string& answer, const Lines& behindThePrompt)
 TEST_F(MenuUnload, UnloadsATypedFileInThisOrder)
 {
     EXPECT_EQ(unload(plant), 5100);
-    EXPECT_EQ(
-        host().trace,
-        runWith("5100 " + shown(plant),
-                {"quelConfig() -> store",
-                 "getValue(4, \"CUIX/LoadedCuix\") -> 0 string " + shown(all),
-                 "setValue(4, \"CUIX/LoadedCuix\", string " + shown(main + L";" + survey) + ") -> 0",
-                 "GetQuelAppInterface() -> application", "customizationManager() -> manager",
-                 "refresh()"}));
+    EXPECT_EQ(host().trace, runWith("5100 " + shown(plant),
+                                    {"quelConfig() -> store",
+                                     "getValue(4, \"CUIX/LoadedCuix\") -> 0 string " + shown(all),
+                                     "setValue(4, \"CUIX/LoadedCuix\", string " +
+                                         shown(main + L";" + survey) + ") -> 0",
+                                     "GetQuelAppInterface() -> application",
+                                     "customizationManager() -> manager", "refresh()"}));
     EXPECT_EQ(host().printed, L"");
 }
 
@@ -186,11 +185,10 @@ TEST_F(MenuUnload, SaysOfEveryFileThatIsNotThereThatItCannotBeUnloaded)
     setList(all + L";" + gone);
     folder.remove(gone);
     EXPECT_EQ(unload(gone), 5100);
-    EXPECT_EQ(host().trace,
-              runWith("5100 " + shown(gone),
-                      {"AfxGetResourceHandle() -> VxCuiCmdsRes.dll",
-                       "LoadStringW(VxCuiCmdsRes.dll, 11068, 1024) -> 8",
-                       "quutPrintf(" + shown(L"No: <" + gone + L">") + ")"}));
+    EXPECT_EQ(host().trace, runWith("5100 " + shown(gone),
+                                    {"AfxGetResourceHandle() -> VxCuiCmdsRes.dll",
+                                     "LoadStringW(VxCuiCmdsRes.dll, 11068, 1024) -> 8",
+                                     "quutPrintf(" + shown(L"No: <" + gone + L">") + ")"}));
     EXPECT_EQ(stored(), all + L";" + gone);
 }
 
@@ -292,7 +290,7 @@ TEST_F(MenuUnload, PrintsAnEmptyTextWhenThereIsNoneForTheMessage)
     EXPECT_EQ(host().count("qumdQuResourceString"), 1);
     host().resources[L"VxCuiCmdsRes.dll"][11068] = std::nullopt;
     EXPECT_EQ(unload(L"nowhere.cuix"), 5100);
-    EXPECT_EQ(host().calls("quutPrintf")[1], "quutPrintf(\"\")");
+    EXPECT_EQ(host().calls("quutPrintf"), Lines(2, "quutPrintf(\"\")"));
 }
 
 TEST_F(MenuUnload, PrintsPercentSignsOfANameAsTheyStand)

@@ -60,13 +60,13 @@ TEST_F(MenuUnloadDialog, IsAllThereIsWhenDialogsAreOn)
         host().controlsGenerated.usually(false);
         host().modalResults.usually(modalResult);
         EXPECT_EQ(run(), 5100);
-        EXPECT_EQ(host().trace,
-                  (Lines{"enterResourceScope(\"VxCuiCmdsRes.dll\") -> true",
-                         "commandShouldUseDialog(context) -> true",
-                         "quedGetVar(\"FILEDIA\") -> 5100",
-                         "generateUICtrls(\"IDD_MENU_LOAD_DLG\", \"VxCuiCmdsRes/VxMenuCmdRes\", 1, "
-                         "0, 0) -> false",
-                         "DoModal() -> " + std::to_string(modalResult), "leaveResourceScope(0)"}));
+        EXPECT_EQ(
+            host().trace,
+            (Lines{"enterResourceScope(\"VxCuiCmdsRes.dll\") -> true",
+                   "commandShouldUseDialog(context) -> true", "quedGetVar(\"FILEDIA\") -> 5100",
+                   "generateUICtrls(\"IDD_MENU_LOAD_DLG\", \"VxCuiCmdsRes/VxMenuCmdRes\", 1, "
+                   "0, 0) -> false",
+                   "DoModal() -> " + std::to_string(modalResult), "leaveResourceScope(0)"}));
     }
 }
 

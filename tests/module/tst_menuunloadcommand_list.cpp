@@ -1,17 +1,19 @@
 // MENUUNLOAD: which entries of the list go, which stay, and how the list is stored.
+#include "menuload/loadedmenufilelist.h"
 #include "tests/module/menuunloadfixture.h"
 
 #include "refhost/core/widetext.h"
 
 #include <cstring>
+#include <optional>
 
 using quelhost::toUtf8;
 using recording::host;
 
 namespace {
 
-// Names of a row are files of a folder of its own; "/" in front of a name, which is no such file,
-// stands for itself.
+// Names of a row are files of a folder of its own, in which there are the folders x, y and d.cuix
+// and a link to nowhere.
 struct ListRow
 {
     const char* name;
@@ -42,7 +44,7 @@ std::wstring listIn(const recording::MenuFolder& folder, const std::wstring& nam
         if (!first)
             result += L';';
         first = false;
-        result += name.empty() || name.front() == L'/' ? name : folder.path(name);
+        result += name.empty() ? name : folder.path(name);
     }
     return result;
 }
@@ -55,7 +57,7 @@ struct UnloadFromList : testing::TestWithParam<ListRow>
 
     UnloadFromList()
     {
-        for (const wchar_t* inside : {L"x", L"y", L"d.cuix", L"d.cuix/sub"})
+        for (const wchar_t* inside : {L"x", L"y", L"d.cuix"})
             folder.folder(inside);
         for (const std::wstring& name : split(GetParam().files, L' '))
             folder.file(name);
@@ -162,6 +164,22 @@ TEST_P(UnloadFromList, RemovesWhatHasTheNameBehindTheFirstEntry)
     EXPECT_EQ(MenuUnload::messages(), 0);
 }
 
+TEST_P(UnloadFromList, ChangesTheListInMemoryInTheSameWay)
+{
+    const ListRow& row = GetParam();
+    std::optional<LoadedMenuFileList> list = LoadedMenuFileList::read(*quelConfig());
+    ASSERT_TRUE(list.has_value());
+    using Found = LoadedMenuFileList::Found;
+    const Found found = row.status == 0        ? Found::MainFile
+                        : row.after == nullptr ? Found::Nothing
+                                               : Found::Removed;
+    EXPECT_EQ(list->unload(folder.path(row.answer)), found);
+    EXPECT_EQ(MenuUnload::writes(), 0);
+    list->write(*quelConfig());
+    EXPECT_EQ(toUtf8(MenuUnload::stored()),
+              toUtf8(listIn(folder, row.after == nullptr ? row.list : row.after)));
+}
+
 TEST_F(MenuUnload, RefusesADeletedFileThatIsInTheList)
 {
     folder.remove(plant);
@@ -210,8 +228,8 @@ TEST_F(MenuUnload, StoresAnEmptyListAsFourZeroBytes)
 {
     setList(L";" + plant);
     EXPECT_EQ(unload(plant), 5100);
-    EXPECT_EQ(host().calls("setValue"), std::vector<std::string>{
-                                            "setValue(4, \"CUIX/LoadedCuix\", string \"\") -> 0"});
+    EXPECT_EQ(host().calls("setValue"),
+              std::vector<std::string>{"setValue(4, \"CUIX/LoadedCuix\", string \"\") -> 0"});
     const QuelVariant& value = host().settings[L"CUIX/LoadedCuix"];
     ASSERT_EQ(value.type(), QuelVariant::kString);
     ASSERT_NE(value.block(), nullptr);

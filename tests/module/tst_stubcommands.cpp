@@ -71,21 +71,3 @@ TEST_P(EachStub, LetsAnErrorOutOfEnteringPassUnchanged)
     EXPECT_EQ(host().count("leaveResourceScope"), 0);
     delete caught;
 }
-
-TEST(StubCommandDeathTest, AnErrorOutOfLeavingASecondNameEndsTheProcess)
-{
-    const auto run = [](IQuelBuildInCommand& command) {
-        recording::Context context;
-        host().throwOnCall("leaveResourceScope");
-        try {
-            command.execute(&context);
-        } catch (VxErrorStatus* error) {
-            delete error;
-        }
-        std::exit(0);
-    };
-    Quel6940Command load;
-    Quel6941Command unload;
-    EXPECT_EXIT(run(load), testing::KilledBySignal(SIGABRT), "terminate called");
-    EXPECT_EXIT(run(unload), testing::KilledBySignal(SIGABRT), "terminate called");
-}
