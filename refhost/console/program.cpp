@@ -82,13 +82,8 @@ QString environmentLanguage()
 Result<std::unique_ptr<LineSource>> makeLines(const Options& options, const Profile& profile,
                                               Output& output)
 {
-    if (!options.script.isEmpty()) {
-        Result<std::unique_ptr<ScriptLines>> script =
-            openScript(options.script, output, !options.interactiveInput);
-        if (!script)
-            return script.fault();
-        return std::unique_ptr<LineSource>(std::move(script.value()));
-    }
+    if (!options.script.isEmpty())
+        return openScript(options.script, output, !options.interactiveInput);
     if (isatty(STDIN_FILENO) == 0)
         return std::unique_ptr<LineSource>(
             std::make_unique<ScriptLines>(STDIN_FILENO, true, output));

@@ -105,16 +105,18 @@ void ScriptLines::show(const std::wstring& text)
         m_output.write(text + L'\n');
 }
 
-Result<std::unique_ptr<ScriptLines>> openScript(const QString& path, Output& output, bool isScript)
+Result<std::unique_ptr<LineSource>> openScript(const QString& path, Output& output, bool isScript)
 {
     if (path == QLatin1String("-"))
-        return std::make_unique<ScriptLines>(STDIN_FILENO, isScript, output);
+        return std::unique_ptr<LineSource>(
+            std::make_unique<ScriptLines>(STDIN_FILENO, isScript, output));
     FileDescriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
     if (!file.isOpen())
         return openFault(path, errno);
     if (isFolder(file.number()))
         return scriptFault(FaultKind::BadInput, qtTrId("console-script-folder").arg(path));
-    return std::make_unique<ScriptLines>(std::move(file), isScript, output);
+    return std::unique_ptr<LineSource>(
+        std::make_unique<ScriptLines>(std::move(file), isScript, output));
 }
 
 } // namespace quelhost

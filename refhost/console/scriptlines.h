@@ -41,7 +41,7 @@ private:
 // Opens the script at `path`; "-" is standard input. The fault's sentence says why it cannot be
 // read.
 // REQUIRES: `output` outlives the result.
-[[nodiscard]] Result<std::unique_ptr<ScriptLines>> openScript(const QString& path, Output& output,
-                                                              bool isScript);
+[[nodiscard]] Result<std::unique_ptr<LineSource>> openScript(const QString& path, Output& output,
+                                                             bool isScript);
 
 } // namespace quelhost

@@ -20,6 +20,7 @@ namespace quelhost {
 namespace {
 
 constexpr int kMostRows = 20000;
+constexpr QMargins kAroundLine(6, 0, 6, 6);
 constexpr int kFewestCharacters = 24; // of the line that a long prompt leaves in sight
 
 QString lastRow(const QString& prompt)
@@ -61,6 +62,7 @@ CommandLine::CommandLine(const QString& historyFile, QWidget* parent)
     m_said->installEventFilter(this);
 
     auto* const row = new QHBoxLayout;
+    row->setContentsMargins(kAroundLine);
     row->addWidget(m_prompt);
     row->addWidget(m_line, 1);
     auto* const rows = new QVBoxLayout(this);

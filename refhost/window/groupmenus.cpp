@@ -1,11 +1,5 @@
 #include "refhost/window/groupmenus.h"
 
-#include "refhost/window/macroaction.h"
-
-#include <QMenu>
-
-#include <algorithm>
-
 namespace quelhost {
 
 GroupMenus::GroupMenus(QMenuBar& bar)
@@ -16,35 +10,19 @@ GroupMenus::~GroupMenus() = default;
 
 void GroupMenus::show(const std::vector<ShownGroup>& groups)
 {
-    std::vector<Entry> entries;
-    for (const ShownGroup& shown : groups) {
-        const auto known =
-            std::find_if(m_entries.begin(), m_entries.end(), [&shown](const Entry& entry) {
-                return entry.path == shown.path && entry.name == shown.group.name;
-            });
-        if (known == m_entries.end()) {
-            entries.push_back(makeEntry(shown));
-        } else {
-            entries.push_back(std::move(*known));
-            m_entries.erase(known);
-        }
-    }
     m_bar.clear();
-    m_entries = std::move(entries);
-    for (const Entry& entry : m_entries) {
-        for (const std::unique_ptr<QMenu>& menu : entry.menus)
-            m_bar.addMenu(menu.get());
-    }
+    m_menus.follow(groups, [this](const ShownGroup& shown) { return makeMenus(shown); });
+    m_menus.forEach([this](QMenu& menu) { m_bar.addMenu(&menu); });
 }
 
-GroupMenus::Entry GroupMenus::makeEntry(const ShownGroup& shown)
+GroupObjects<QMenu>::Objects GroupMenus::makeMenus(const ShownGroup& shown)
 {
-    Entry entry{shown.path, shown.group.name, {}};
+    GroupObjects<QMenu>::Objects menus;
     for (const Menu& menu : shown.group.menus) {
-        entry.menus.push_back(std::make_unique<QMenu>(menu.text));
-        fill(*entry.menus.back(), menu.items, shown.group);
+        menus.push_back(std::make_unique<QMenu>(menu.text));
+        fill(*menus.back(), menu.items, shown.group);
     }
-    return entry;
+    return menus;
 }
 
 void GroupMenus::fill(QMenu& menu, const std::vector<MenuItem>& items, const MenuGroup& group)
@@ -76,15 +54,8 @@ void GroupMenus::addCommand(QMenu& menu, const MenuCommand& command)
 
 void GroupMenus::setCommandAsking(bool asking)
 {
-    if (asking == m_asking)
-        return;
     m_asking = asking;
-    for (const Entry& entry : m_entries) {
-        for (const std::unique_ptr<QMenu>& menu : entry.menus) {
-            for (MacroAction* action : menu->findChildren<MacroAction*>())
-                action->setCommandAsking(asking);
-        }
-    }
+    m_menus.setCommandAsking(asking);
 }
 
 } // namespace quelhost

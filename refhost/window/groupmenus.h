@@ -2,15 +2,13 @@
 #pragma once
 
 #include "refhost/core/macro.h"
-#include "refhost/core/shownmenugroups.h"
+#include "refhost/window/groupobjects.h"
 
+#include <QMenu>
 #include <QMenuBar>
 #include <QObject>
 
-#include <memory>
 #include <vector>
-
-class QMenu;
 
 namespace quelhost {
 
@@ -35,20 +33,12 @@ signals:
     void chosen(const std::vector<quelhost::MacroStep>& macro);
 
 private:
-    // The menus of one group in their order, with the group as it was when they were made.
-    struct Entry
-    {
-        std::wstring path;
-        QString name;
-        std::vector<std::unique_ptr<QMenu>> menus;
-    };
-
-    [[nodiscard]] Entry makeEntry(const ShownGroup& shown);
+    [[nodiscard]] GroupObjects<QMenu>::Objects makeMenus(const ShownGroup& shown);
     void fill(QMenu& menu, const std::vector<MenuItem>& items, const MenuGroup& group);
     void addCommand(QMenu& menu, const MenuCommand& command);
 
     QMenuBar& m_bar;
-    std::vector<Entry> m_entries;
+    GroupObjects<QMenu> m_menus;
     bool m_asking = false;
 };
 

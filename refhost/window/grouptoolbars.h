@@ -2,12 +2,11 @@
 #pragma once
 
 #include "refhost/core/macro.h"
-#include "refhost/core/shownmenugroups.h"
+#include "refhost/window/groupobjects.h"
 
 #include <QMainWindow>
 #include <QToolBar>
 
-#include <memory>
 #include <vector>
 
 namespace quelhost {
@@ -31,18 +30,11 @@ signals:
     void chosen(const std::vector<quelhost::MacroStep>& macro);
 
 private:
-    struct Entry
-    {
-        std::wstring path;
-        QString name;
-        std::vector<std::unique_ptr<QToolBar>> toolbars;
-    };
-
-    [[nodiscard]] Entry makeEntry(const ShownGroup& shown);
+    [[nodiscard]] GroupObjects<QToolBar>::Objects makeToolbars(const ShownGroup& shown);
     void fill(QToolBar& toolbar, const Toolbar& described, const MenuGroup& group);
 
     QMainWindow& m_window;
-    std::vector<Entry> m_entries;
+    GroupObjects<QToolBar> m_toolbars;
     bool m_asking = false;
 };
 

@@ -43,13 +43,8 @@ Status runInWindow(const Options& options, const InstalledFiles& files)
     MainWindow window(folder + QStringLiteral("/history"));
     WindowOutput output(window.commandLine());
     const auto lines = [&](const Profile&) -> Result<std::unique_ptr<LineSource>> {
-        if (!options.script.isEmpty()) {
-            Result<std::unique_ptr<ScriptLines>> script =
-                openScript(options.script, output, !options.interactiveInput);
-            if (!script)
-                return script.fault();
-            return std::unique_ptr<LineSource>(std::move(script.value()));
-        }
+        if (!options.script.isEmpty())
+            return openScript(options.script, output, !options.interactiveInput);
         auto typed = std::make_unique<WindowLines>(window.commandLine(), output);
         connectLines(window, *typed);
         return std::unique_ptr<LineSource>(std::move(typed));

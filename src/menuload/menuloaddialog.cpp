@@ -25,6 +25,12 @@ constexpr wchar_t kDescriptionResource[] = L"VxCuiCmdsRes/VxMenuCmdRes";
 constexpr unsigned int kUnloadQuestionId = 11071;
 constexpr wchar_t kUnloadQuestion[] = L"Do you want to unload menu?";
 
+// Nothing without a store, or when it cannot read the list.
+std::optional<LoadedMenuFileList> readList(QueldConfig* store)
+{
+    return store == nullptr ? std::nullopt : LoadedMenuFileList::read(*store);
+}
+
 struct ButtonWire
 {
     const wchar_t* control;
@@ -95,10 +101,7 @@ bool VxMenuLoadDlg::OnInitDialog()
 void VxMenuLoadDlg::UpdateMenuGroupList()
 {
     m_groups.ResetContent();
-    QueldConfig* store = quelConfig();
-    if (store == nullptr)
-        return;
-    const std::optional<LoadedMenuFileList> list = LoadedMenuFileList::read(*store);
+    const std::optional<LoadedMenuFileList> list = readList(quelConfig());
     if (!list)
         return;
     for (const std::wstring& name : list->shownNames())
@@ -148,9 +151,7 @@ void VxMenuLoadDlg::OnBtnLoadMenu()
         return;
     }
     QueldConfig* store = quelConfig();
-    if (store == nullptr)
-        return;
-    std::optional<LoadedMenuFileList> list = LoadedMenuFileList::read(*store);
+    std::optional<LoadedMenuFileList> list = readList(store);
     if (!list)
         return;
     if (list->isLoaded(path)) {
@@ -178,9 +179,7 @@ void VxMenuLoadDlg::OnBtnUnLoadMenu()
         QuelBox::kAnswerOk)
         return;
     QueldConfig* store = quelConfig();
-    if (store == nullptr)
-        return;
-    std::optional<LoadedMenuFileList> list = LoadedMenuFileList::read(*store);
+    std::optional<LoadedMenuFileList> list = readList(store);
     if (!list)
         return;
     const int removed = list->removeNamed(name);

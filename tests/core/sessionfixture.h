@@ -39,8 +39,9 @@ public:
     [[nodiscard]] bool isComplete() const { return m_complete; }
     [[nodiscard]] InstalledFiles files() const
     {
-        return {m_folder.file("res"), m_folder.path(), m_folder.file("module.so"),
-                m_folder.file("queld.cuix"), m_folder.file("QUELD.pgp"), {}};
+        return {m_folder.file("res"),       m_folder.path(),
+                m_folder.file("module.so"), m_folder.file("queld.cuix"),
+                m_folder.file("QUELD.pgp"), {}};
     }
     [[nodiscard]] const ScratchFolder& folder() const { return m_folder; }
 

@@ -565,5 +565,6 @@ TEST(CustomizationReader, refusesASecondByteOrderMark)
     const quelhost::CustomizationReading reading =
         quelhost::readCustomization(xml, QStringLiteral("x.xml"), {});
     ASSERT_EQ(reading.faults.size(), 1U);
-    EXPECT_EQ(reading.faults.front().text().toStdString(), "x.xml:1:1: The character U+FEFF is not allowed in XML.");
+    EXPECT_EQ(reading.faults.front().text().toStdString(),
+              "x.xml:1:1: The character U+FEFF is not allowed in XML.");
 }

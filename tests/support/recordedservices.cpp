@@ -210,11 +210,10 @@ int vxGetFileDialog(const wchar_t* title, const wchar_t* initialPath, const wcha
 {
     const recording::FileDialogAnswer answer = host().fileDialogs.take();
     const std::size_t line = host().trace.size();
-    host().called("vxGetFileDialog",
-                  list(shown(title), shown(initialPath), shown(extensions),
-                       hexadecimal(static_cast<unsigned int>(flags)), "record",
-                       reserved1 == nullptr ? "null" : "bool", shown(filterIndex), shown(filters),
-                       shown(reserved2)));
+    host().called("vxGetFileDialog", list(shown(title), shown(initialPath), shown(extensions),
+                                          hexadecimal(static_cast<unsigned int>(flags)), "record",
+                                          reserved1 == nullptr ? "null" : "bool",
+                                          shown(filterIndex), shown(filters), shown(reserved2)));
     const int scripted = host().fileDialog ? host().fileDialog(*result, filterIndex) : 0;
     host().trace[line] += " -> " + shown(host().fileDialog ? scripted : answer.status);
     if (host().fileDialog)
