@@ -21,6 +21,9 @@ GroupObjects<QToolBar>::Objects GroupToolbars::makeToolbars(const ShownGroup& sh
         // Names tell the toolbars of all groups apart.
         toolbar->setObjectName(shown.group.name + QLatin1Char('/') + described.id);
         fill(*toolbar, described, shown.group);
+        // Each group begins a row: side by side, few of their buttons would be seen.
+        if (toolbars.empty())
+            m_window.addToolBarBreak();
         m_window.addToolBar(toolbar.get());
         toolbars.push_back(std::move(toolbar));
     }

@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 #include <QToolBar>
+#include <QtTest/QTest>
 
 #include <algorithm>
 #include <memory>
@@ -70,6 +71,17 @@ TEST_F(GroupsInToolbars, HaveTheirButtonsAndSeparators)
     addItems(*toolbars().front(), 0, items);
     EXPECT_EQ(items, (Texts{"&Go QUELD", "--", "&Ask"}));
     EXPECT_EQ(m_window.toolBarArea(toolbars().front()), Qt::TopToolBarArea);
+}
+
+TEST_F(GroupsInToolbars, BeginARowForEachGroup)
+{
+    m_toolbars->show({kMain, kPlant});
+    ASSERT_EQ(toolbars().size(), 3U);
+    m_window.resize(800, 300);
+    m_window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&m_window));
+    EXPECT_LT(toolbars()[0]->y(), toolbars()[1]->y());
+    EXPECT_EQ(toolbars()[1]->y(), toolbars()[2]->y());
 }
 
 TEST_F(GroupsInToolbars, OfTheSameNameStayApart)
