@@ -2,8 +2,10 @@
 #include "host/filedialog.h"
 #include "host/messageboxes.h"
 #include "host/prompts.h"
+#include "host/settings.h"
 
 #include "refhost/core/widetext.h"
+#include "tests/support/functioncommand.h"
 #include "tests/support/testhost.h"
 
 #include <gtest/gtest.h>
@@ -40,6 +42,24 @@ std::wstring keyword()
 {
     return asked([](wchar_t* answer) { return quedGetKword(L"Which: ", answer); },
                  kQuelKeywordAnswerRoom);
+}
+
+// The files that are offered at a prompt of a command of that name.
+QStringList offeredTo(const wchar_t* command)
+{
+    TestHost test{command, L"x"};
+    QuelVariant list;
+    list.setString(L"/p/MAIN.cuix;/p/plant.cuix;;/q/a b.cuix", QuelVariant::kString);
+    EXPECT_EQ(quelConfig()->setValue(QueldConfig::kUserProfile, L"CUIX/LoadedCuix", list), 0);
+    static_cast<void>(test.host->commands.removeCommand(command));
+    FunctionCommand asks(command, [](IQuelBuildInCommandContext&) {
+        string();
+        return QuelStatus::kNormal;
+    });
+    EXPECT_EQ(test.host->commands.addCommand(&asks, 0), 0);
+    test.run();
+    return test.lines.requests.size() < 2 ? QStringList(QStringLiteral("no prompt"))
+                                          : test.lines.requests[1].words;
 }
 
 } // namespace
@@ -213,4 +233,12 @@ TEST(HostFileDialog, ACancelLeavesEverythingAlone)
     EXPECT_EQ(result.type, 77);
     EXPECT_EQ(result.value.string, nullptr);
     EXPECT_EQ(filter, 3);
+}
+
+TEST(HostPrompts, WhoUnloadsIsOfferedTheLoadedFilesButTheMainOne)
+{
+    const QStringList loaded{QStringLiteral("/p/plant.cuix"), QStringLiteral("/q/a b.cuix")};
+    EXPECT_EQ(offeredTo(L"MENUUNLOAD"), loaded);
+    EXPECT_EQ(offeredTo(L"CUIUNLOAD"), loaded);
+    EXPECT_EQ(offeredTo(L"MENULOAD"), QStringList());
 }
