@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QLabel>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 
@@ -55,7 +56,7 @@ MainWindow::MainWindow(const QString& historyFile)
     dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
     dock->setWidget(m_commandLine);
     addDockWidget(Qt::BottomDockWidgetArea, dock);
-    resize(kStartSize);
+    resize(kStartSize.boundedTo(screen()->availableSize()));
     resizeDocks({dock}, {kStartCommandLineHeight}, Qt::Vertical);
     statusBar();
     // Wherever the focus is, Esc cancels the prompt.
