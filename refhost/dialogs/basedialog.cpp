@@ -37,12 +37,18 @@ void deliverSize(QObject& dialog, const QSize& size)
                               Q_ARG(int, size.width()), Q_ARG(int, size.height()));
 }
 
-// A dialog without a parent stays in front of the main window all the same.
+// A dialog without a parent stays in front of the main window all the same, and over its middle
+// unless it was placed.
 void keepInFront(QWidget& dialog)
 {
     QWidget* const behind = quelhost::windowBehindDialogs();
     if (behind == nullptr || dialog.parentWidget() != nullptr)
         return;
+    if (!dialog.testAttribute(Qt::WA_Moved)) {
+        QRect place = dialog.geometry();
+        place.moveCenter(behind->geometry().center());
+        dialog.setGeometry(place);
+    }
     dialog.winId(); // makes the native window
     dialog.windowHandle()->setTransientParent(behind->windowHandle());
 }
@@ -116,8 +122,8 @@ int QuUiBaseDialog::DoModal()
     deliverSize(*this, size());
     m_private->sizesDelivered = true;
     OnInitDialog();
-    keepOnScreen(*this);
     keepInFront(*this);
+    keepOnScreen(*this);
     return quelhost::runModal(*this) == QDialog::Accepted ? kResultOk : kResultOther;
 }
 

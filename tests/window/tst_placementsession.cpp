@@ -1,4 +1,5 @@
 // Where the load dialog stands and how large it is, from one opening to the next.
+#include "refhost/window/mainwindow.h"
 #include "tests/window/sessionfixture.h"
 
 #include <QListWidget>
@@ -85,6 +86,21 @@ TEST_F(PlacementSession, IsStoredByOkAsIntegers)
     EXPECT_EQ(run(), "");
     ASSERT_EQ(m_seen.size(), 1U);
     EXPECT_EQ(stored(kKeys), storedAs(m_seen[0].dialog));
+}
+
+TEST_F(PlacementSession, IsTheMiddleOfTheWindowTheFirstTime)
+{
+    QRect around;
+    useLoadDialog([this, &around](QDialog& dialog) {
+        m_seen.push_back(look(dialog));
+        around = window().geometry();
+    });
+    closeWindow();
+    EXPECT_EQ(run(), "");
+    ASSERT_EQ(m_seen.size(), 1U);
+    // The window manager may count the frame in.
+    const QPoint off = m_seen[0].dialog.center() - around.center();
+    EXPECT_LT(off.manhattanLength(), 60);
 }
 
 TEST_F(PlacementSession, StaysThroughFiveMoreRounds)
