@@ -186,7 +186,8 @@ TEST_F(ReinitByScript, FailsWithAFileThatMayNotBeRead)
     EXPECT_EQ(result.output.count(text("The alias file %1 cannot be read: ").arg(aliasFile())), 2)
         << result.output.toStdString();
     EXPECT_TRUE(result.output.contains(text("Unknown command A.")));
-    EXPECT_TRUE(result.diagnostics.startsWith(text("REINIT\t-5001\n")));
-    EXPECT_TRUE(result.diagnostics.endsWith(text("REINIT\t-5001\nECHO\t5100\n")))
+    // A build that measures coverage complains there too: it may not write its figures.
+    EXPECT_EQ(result.diagnostics.split(QLatin1Char('\n')).filter(QStringLiteral("\t")),
+              (QStringList{text("REINIT\t-5001"), text("REINIT\t-5001"), text("ECHO\t5100")}))
         << result.diagnostics.toStdString();
 }
