@@ -7,6 +7,8 @@
 #include <QPlainTextEdit>
 #include <QtTest/QTest>
 
+#include <malloc.h>
+
 using namespace quelhost;
 using namespace windowtest;
 
@@ -121,4 +123,34 @@ TEST_F(MainWindows, EveryPartHasANameForThoseWhoDoNotSee)
     EXPECT_NE(line().accessibleName(), QString());
     EXPECT_NE(above().accessibleName(), QString());
     EXPECT_NE(dock().windowTitle(), QString());
+}
+
+TEST_F(MainWindows, IsAsItWasAfterAThousandLoadsAndUnloads)
+{
+    const std::vector<ShownGroup> before{group("QUELD", {"&File"})};
+    std::vector<ShownGroup> with = before;
+    with.push_back(group("PLANT", {"&Plant", "P&ipes"}));
+    with.back().group.toolbars = {
+        {QStringLiteral("bar"), QStringLiteral("Bar"), {{QStringLiteral("go")}, {}}}};
+    with.back().group.accelerators = {{QStringLiteral("go"), QKeySequence(Qt::Key_F7)}};
+    const auto loadAndUnload = [&](int rounds) {
+        for (int round = 0; round < rounds; ++round) {
+            EXPECT_EQ(m_window.showGroups(with), QStringList());
+            QApplication::processEvents();
+            EXPECT_EQ(m_window.showGroups(before), QStringList());
+            QApplication::processEvents();
+        }
+    };
+    const auto objects = [this] {
+        Texts all;
+        addObjects(m_window, 0, all);
+        return all;
+    };
+    loadAndUnload(100);
+    const Texts objectsBefore = objects();
+    const std::size_t bytesBefore = ::mallinfo2().uordblks;
+    loadAndUnload(1000);
+    EXPECT_EQ(objects(), objectsBefore);
+    // Not a hundred bytes a round: the toolkit's caches come and go.
+    EXPECT_LT(::mallinfo2().uordblks, bytesBefore + 100000);
 }
