@@ -100,9 +100,8 @@ void WidgetFace::showHelp(const QString& page)
     const Result<QString> file = helpFile(m_help, page);
     if (file && openInBrowser(file.value()))
         return;
-    const Result<QString> text = helpText(m_help, page);
     showHelpWindow(frontWindow(), file ? file.value() : QString(),
-                   text ? QString() : text.fault().text());
+                   file ? QString() : file.fault().text());
 }
 
 } // namespace quelhost
