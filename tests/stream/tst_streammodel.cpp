@@ -1,0 +1,326 @@
+// Byte streams against a model of them: every small case, and many long ones by chance.
+#include "tests/stream/streammodel.h"
+#include "tests/stream/streampair.h"
+#include "tests/support/filestore.h"
+#include "tests/support/temporaryfile.h"
+
+#include "host/errors.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <random>
+
+using streams::Bytes;
+using streams::Call;
+using streams::ModelStream;
+using streams::Outcome;
+using streams::RecordingStore;
+using streams::Step;
+using streams::Trace;
+
+namespace {
+
+constexpr unsigned int kUnlimited = 0xFFFFFFFFU;
+constexpr unsigned long kLongest = 4UL << 20;
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr int kSequences = 10000; // each takes ten times as long
+#else
+constexpr int kSequences = 100000;
+#endif
+
+Outcome runOnStream(const Step& step, VxStreamBuf& self, VxStreamBuf& other)
+{
+    Outcome outcome;
+    const auto count = static_cast<unsigned int>(step.first);
+    switch (step.kind) {
+    case Step::IsEos:
+        outcome.result = self.isEOS() ? 1 : 0;
+        break;
+    case Step::Rewind:
+        outcome.result = self.rewind();
+        break;
+    case Step::Seek:
+        outcome.result = self.seek(static_cast<long>(step.first), VxStreamBuf::kFromStart);
+        break;
+    case Step::GetBytes:
+        outcome.got.resize(count);
+        try {
+            outcome.result = self.getBytes(outcome.got.data(), count);
+        } catch (VxExceptionWithMsg* error) {
+            delete error;
+            outcome.result = std::nullopt;
+            outcome.got.clear();
+        }
+        break;
+    case Step::ReadBytes:
+        outcome.result = self.readBytes(&other, count);
+        break;
+    case Step::WriteBytes:
+        outcome.result = self.writeBytes(&other, count);
+        break;
+    case Step::CopyFrom:
+        self.copyFrom(&other, step.first, step.second);
+        break;
+    case Step::CopyTo:
+        self.copyTo(&other, step.first, step.second);
+        break;
+    }
+    return outcome;
+}
+
+Trace readsAndWrites(const Trace& trace)
+{
+    Trace result;
+    for (const Call& call : trace) {
+        if (call.operation == Call::Read || call.operation == Call::Write)
+            result.push_back(call);
+    }
+    return result;
+}
+
+// A stream and its model.
+struct Side
+{
+    std::unique_ptr<VxStreamBuf> store;
+    std::unique_ptr<RecordingStore> stream;
+    ModelStream model;
+};
+
+Side makeSide(char name, std::unique_ptr<VxStreamBuf> store, ModelStream model, Trace& trace)
+{
+    Side side{std::move(store), nullptr, std::move(model)};
+    side.model.name = name;
+    side.stream = std::make_unique<RecordingStore>(name, *side.store, trace);
+    side.stream->readLimit = side.model.readLimit;
+    side.stream->writeLimit = side.model.writeLimit;
+    side.stream->refusedSeeks = side.model.refusedSeeks;
+    side.store->seek(static_cast<long>(side.model.position), VxStreamBuf::kFromStart);
+    return side;
+}
+
+Side memorySide(char name, const ModelStream& model, Trace& trace)
+{
+    return makeSide(name, std::make_unique<streams::MemoryStore>(model.bytes, model.lengthLimit),
+                    model, trace);
+}
+
+Side fileSide(char name, const std::string& path, const ModelStream& model, Trace& trace)
+{
+    auto file = std::make_unique<streams::FileStore>(path);
+    file->setlength(0);
+    const auto size = static_cast<unsigned int>(model.bytes.size());
+    if (size > 0 && file->write(model.bytes.data(), size) != size)
+        throw std::runtime_error("cannot fill the file");
+    return makeSide(name, std::move(file), model, trace);
+}
+
+bool holds(const VxStreamBuf& store, const Bytes& expected)
+{
+    if (const auto* const memory = dynamic_cast<const streams::MemoryStore*>(&store))
+        return memory->bytes() == expected;
+    return dynamic_cast<const streams::FileStore&>(store).bytes() == expected;
+}
+
+// Nothing while a stream is as its model says, else what differs.
+std::string difference(const Side& side)
+{
+    if (side.store->position() != side.model.position)
+        return "position " + std::to_string(side.store->position()) + " for " +
+               std::to_string(side.model.position);
+    return holds(*side.store, side.model.bytes) ? "" : "bytes";
+}
+
+// Runs the step on streams and models. Nothing when both did the same, else what differs.
+std::string stepDifference(const Step& step, Side& self, Side& other, Trace& trace)
+{
+    trace.clear();
+    const Outcome seen = runOnStream(step, *self.stream, *other.stream);
+    const Trace pieces = readsAndWrites(trace);
+    const Outcome told = run(step, self.model, other.model);
+    if (seen.result != told.result)
+        return "result";
+    if (seen.got != told.got)
+        return "bytes got";
+    if (!(pieces == told.pieces))
+        return "pieces";
+    const std::string ofSelf = difference(self);
+    return ofSelf.empty() ? difference(other) : ofSelf;
+}
+
+std::string shown(const Step& step)
+{
+    const std::array<const char*, 8> names{"isEOS",     "rewind",     "seek",     "getBytes",
+                                           "readBytes", "writeBytes", "copyFrom", "copyTo"};
+    return std::string(names[step.kind]) + "(" + std::to_string(step.first) + ", " +
+           std::to_string(step.second) + ")";
+}
+
+// Chooses lengths, positions, bounds and steps, mostly small and often at the edges of pieces.
+class Chance
+{
+public:
+    explicit Chance(unsigned int seed)
+        : m_random(seed)
+    {}
+
+    unsigned long upTo(unsigned long most)
+    {
+        return std::uniform_int_distribution<unsigned long>(0, most)(m_random);
+    }
+    bool oneIn(unsigned long cases) { return upTo(cases - 1) == 0; }
+
+    unsigned long size()
+    {
+        constexpr std::array<unsigned long, 12> edges{1023, 1024, 1025, 4095, 4096, 4097,
+                                                      8191, 8192, 8193, 2048, 2047, 2049};
+        if (oneIn(25))
+            return edges[upTo(edges.size() - 1)];
+        if (oneIn(100))
+            return upTo(20000);
+        return oneIn(4) ? upTo(300) : upTo(12);
+    }
+
+    ModelStream stream()
+    {
+        ModelStream model;
+        model.bytes = streams::pattern(size(), static_cast<unsigned int>(upTo(255)));
+        model.position = oneIn(20) ? farAway() : upTo(model.bytes.size() + 3);
+        model.lengthLimit = oneIn(5) ? size() + model.bytes.size() : kLongest;
+        model.readLimit = oneIn(5) ? static_cast<unsigned int>(size()) : kUnlimited;
+        model.writeLimit = oneIn(5) ? static_cast<unsigned int>(size()) : kUnlimited;
+        while (oneIn(4))
+            model.refusedSeeks.insert(static_cast<int>(1 + upTo(12)));
+        return model;
+    }
+
+    Step step()
+    {
+        Step step{static_cast<Step::Kind>(upTo(7)), size(), size()};
+        const bool isCopy = step.kind == Step::CopyFrom || step.kind == Step::CopyTo;
+        if (isCopy && oneIn(3))
+            step.first = step.second = oneIn(2) ? 0 : step.first;
+        if (isCopy && oneIn(30)) {
+            step.first = farAway();
+            step.second = step.first - upTo(20);
+        }
+        if (!isCopy && oneIn(3000))
+            step.first = 1048575 + upTo(3);
+        if (step.kind == Step::Seek && oneIn(20))
+            step.first = farAway();
+        return step;
+    }
+
+private:
+    unsigned long farAway() { return 0xFFFFFFFFFFFFFFFEUL - upTo(30); }
+
+    std::mt19937 m_random;
+};
+
+unsigned int chosenSeed()
+{
+    const char* const given = std::getenv("TEST_SEED");
+    return given != nullptr ? static_cast<unsigned int>(std::strtoul(given, nullptr, 10))
+                            : std::random_device()();
+}
+
+// A step and the numbers of the sides it ran on.
+struct DoneStep
+{
+    Step step;
+    unsigned long self;
+    unsigned long other;
+};
+
+std::string shown(const std::vector<DoneStep>& steps)
+{
+    std::string text;
+    for (const DoneStep& done : steps)
+        text += std::to_string(done.self) + "." + shown(done.step) + " with " +
+                std::to_string(done.other) + "; ";
+    return text;
+}
+
+// A few steps between the two sides, or within one. Nothing, or what went differently and where.
+std::string sequenceDifference(Chance& chance, std::array<Side, 2>& sides, Trace& trace)
+{
+    std::vector<DoneStep> done;
+    const unsigned long steps = 1 + chance.upTo(9);
+    for (unsigned long i = 0; i < steps; ++i) {
+        const Step step = chance.step();
+        const unsigned long self = chance.upTo(1);
+        const unsigned long other = chance.oneIn(10) ? self : 1 - self;
+        done.push_back({step, self, other});
+        const std::string found = stepDifference(step, sides[self], sides[other], trace);
+        if (!found.empty())
+            return shown(done) + "differs in its " + found;
+    }
+    return {};
+}
+
+} // namespace
+
+TEST(StreamModel, HoldsForEverySmallCopy)
+{
+    int cases = 0;
+    Trace trace;
+    for (unsigned long i = 0; i < 4 * 6 * 4 * 6 * 6 * 6 * 2; ++i) {
+        unsigned long rest = i;
+        const auto next = [&rest](unsigned long choices) {
+            const unsigned long choice = rest % choices;
+            rest /= choices;
+            return choice;
+        };
+        std::array<ModelStream, 2> models;
+        for (ModelStream& model : models) {
+            model.bytes = streams::pattern(next(4), &model == models.data() ? 1 : 101);
+            model.position = next(6);
+            model.lengthLimit = kLongest;
+            model.readLimit = model.writeLimit = kUnlimited;
+        }
+        Step step{next(2) == 0 ? Step::CopyFrom : Step::CopyTo, next(6), 0};
+        step.second = next(6);
+        Side self = memorySide('A', models[0], trace);
+        Side other = memorySide('B', models[1], trace);
+        ASSERT_EQ(stepDifference(step, self, other, trace), "") << i << ": " << shown(step);
+        ++cases;
+    }
+    EXPECT_EQ(cases, 41472);
+}
+
+TEST(StreamModel, HoldsForChanceSequencesInMemory)
+{
+    const unsigned int seed = chosenSeed();
+    std::cout << "TEST_SEED=" << seed << "\n";
+    Chance chance(seed);
+    for (int round = 0; round < kSequences; ++round) {
+        Trace trace;
+        std::array<Side, 2> sides{memorySide('A', chance.stream(), trace),
+                                  memorySide('B', chance.stream(), trace)};
+        ASSERT_EQ(sequenceDifference(chance, sides, trace), "")
+            << "TEST_SEED=" << seed << ", sequence " << round;
+    }
+}
+
+TEST(StreamModel, HoldsForChanceSequencesOnFiles)
+{
+    const unsigned int seed = chosenSeed();
+    std::cout << "TEST_SEED=" << seed << "\n";
+    Chance chance(seed);
+    const streams::TemporaryFile file;
+    for (int round = 0; round < kSequences / 100; ++round) {
+        ModelStream ofFile = chance.stream();
+        ofFile.lengthLimit = 0x7FFFFFFFFFFFFFFFUL; // of the system, which refuses what is behind
+        if (ofFile.position > kLongest)
+            ofFile.position = 5;
+        Trace trace;
+        std::array<Side, 2> sides{fileSide('A', file.path(), ofFile, trace),
+                                  memorySide('B', chance.stream(), trace)};
+        ASSERT_EQ(sequenceDifference(chance, sides, trace), "")
+            << "TEST_SEED=" << seed << ", sequence " << round;
+    }
+}
