@@ -30,19 +30,24 @@ std::wstring withoutExtension(const QString& path)
 
 InstalledFiles InstalledFiles::beside(const QString& programFolder)
 {
-    const QDir prefix(QDir::cleanPath(QDir(programFolder).filePath(QStringLiteral(".."))));
-    const auto file = [&prefix](const char* name) {
-        return prefix.absoluteFilePath(QLatin1String(name));
+    const auto path = [&programFolder](const char* folder, const char* name) {
+        return QDir::cleanPath(QDir(programFolder).absoluteFilePath(QString::fromUtf8(folder)) +
+                               QLatin1Char('/') + QLatin1String(name));
     };
-    const auto library = [&file](const char* installed, const char* built) {
-        return QFileInfo::exists(file(installed)) ? file(installed) : file(built);
+    // A build has the folders of this project, an installation those it was configured with.
+    const auto file = [&path](const char* installed, const char* built, const char* name) {
+        const QString there = path(installed, name);
+        return QFileInfo::exists(there) ? there : path(built, name);
     };
-    return {file("share/quelhost/resources"),
-            file("share/quelhost/help"),
-            library("lib/quelhost/libVxCuiCmds.so", "lib/libVxCuiCmds.so"),
-            file("share/quelhost/examples/queld.cuix"),
-            file("share/quelhost/examples/QUELD.pgp"),
-            library("lib/quelhost/libquelhost_window.so", "lib/libquelhost_window.so")};
+    const auto library = [&file](const char* name) {
+        return file(QUELHOST_LIBRARIES, "../lib", name);
+    };
+    const auto shared = [&file](const char* name) {
+        return file(QUELHOST_SHARE, "../share/quelhost", name);
+    };
+    return {shared("resources"),          shared("help"),
+            library("libVxCuiCmds.so"),   shared("examples/queld.cuix"),
+            shared("examples/QUELD.pgp"), library("libquelhost_window.so")};
 }
 
 Session::Session(const Options& options, Output& output)

@@ -194,10 +194,12 @@ TEST(InstalledFiles, LieBesideTheProgram)
     EXPECT_EQ(built.mainPackage, prefix.file("share/quelhost/examples/queld.cuix"));
     EXPECT_EQ(built.aliasFile, prefix.file("share/quelhost/examples/QUELD.pgp"));
 
-    ASSERT_TRUE(QDir().mkpath(prefix.file("lib/quelhost")));
+    const QString libraries =
+        QDir::cleanPath(prefix.file("bin/" QUELHOST_LIBRARIES)) + QLatin1Char('/');
+    ASSERT_TRUE(QDir().mkpath(libraries));
     for (const char* library : {"libVxCuiCmds.so", "libquelhost_window.so"})
-        ASSERT_TRUE(setBytes(prefix.file("lib/quelhost/") + QLatin1String(library), "x"));
+        ASSERT_TRUE(setBytes(libraries + QLatin1String(library), "x"));
     const InstalledFiles installed = InstalledFiles::beside(prefix.file("bin"));
-    EXPECT_EQ(installed.module, prefix.file("lib/quelhost/libVxCuiCmds.so"));
-    EXPECT_EQ(installed.window, prefix.file("lib/quelhost/libquelhost_window.so"));
+    EXPECT_EQ(installed.module, libraries + QLatin1String("libVxCuiCmds.so"));
+    EXPECT_EQ(installed.window, libraries + QLatin1String("libquelhost_window.so"));
 }
