@@ -1,6 +1,5 @@
 #include "refhost/console/celltext.h"
 
-#include <algorithm>
 #include <cwchar>
 #include <cwctype>
 
@@ -49,14 +48,6 @@ int columnsOf(wchar_t cell, int column)
     if (std::iswprint(character) != 0)
         return widthOf(cell);
     return character > 0xFFFF ? 8 : 7; // as in \U+ABCD
-}
-
-int columnsOf(std::wstring_view text)
-{
-    int columns = 0;
-    for (const wchar_t character : text)
-        columns += std::max(widthOf(character), 0);
-    return columns;
 }
 
 std::wstring CellText::toCells(std::wstring_view text)

@@ -48,7 +48,4 @@ private:
 // How many columns the editor gives to `cell` when it stands in `column`.
 [[nodiscard]] int columnsOf(wchar_t cell, int column);
 
-// How many columns `text` takes on the screen. REQUIRES: no control characters.
-[[nodiscard]] int columnsOf(std::wstring_view text);
-
 } // namespace quelhost

@@ -3,7 +3,7 @@
 #include "refhost/console/consolesignals.h"
 #include "refhost/core/linehistory.h"
 #include "refhost/console/textcolumns.h"
-#include "refhost/console/utf8locale.h"
+#include "refhost/core/utf8locale.h"
 #include "refhost/core/widetext.h"
 
 #include <algorithm>

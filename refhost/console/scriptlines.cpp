@@ -69,7 +69,7 @@ Line ScriptLines::readLine(const LineRequest& request)
     if (m_ended)
         return {};
     m_output.startRow();
-    m_output.write(request.prompt);
+    m_output.write(request.prompt, TextKind::Answer);
     LineReader::Read read = readShownLine(request.remarksAllowed && m_isScript);
     switch (read.outcome) {
     case LineReader::Outcome::End:
@@ -102,7 +102,7 @@ void ScriptLines::show(const std::wstring& text)
     if (m_terminalShows)
         m_output.rowStarted();
     else
-        m_output.write(text + L'\n');
+        m_output.write(text + L'\n', TextKind::Answer);
 }
 
 Result<std::unique_ptr<LineSource>> openScript(const QString& path, Output& output, bool isScript)

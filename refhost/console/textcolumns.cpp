@@ -1,6 +1,6 @@
 #include "refhost/console/textcolumns.h"
 
-#include "refhost/console/celltext.h"
+#include "refhost/core/cellwidth.h"
 #include "refhost/core/widetext.h"
 
 #include <algorithm>

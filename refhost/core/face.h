@@ -33,6 +33,9 @@ struct PickedFile
     int filterIndex = 0; // last chosen
 };
 
+// What the customization editors change.
+enum class CustomizationEditor { Accelerators, Toolbars };
+
 class Face
 {
 public:
@@ -44,6 +47,13 @@ public:
     [[nodiscard]] virtual std::optional<PickedFile> pickFile(const FileRequest& request) = 0;
     // Shows the help page of that name.
     virtual void showHelp(const QString& page) = 0;
+    // Opens a customization editor and returns its status when it is closed: 5100 when the user
+    // kept the changes, -5002 when the user cancelled. Nothing where the face has no such editor.
+    [[nodiscard]] virtual std::optional<int> openEditor(CustomizationEditor editor)
+    {
+        static_cast<void>(editor);
+        return std::nullopt;
+    }
     // The main window, owned by the face; null where there is none.
     [[nodiscard]] virtual CWnd* mainWindow() { return nullptr; }
 };

@@ -1,5 +1,6 @@
 #include "refhost/core/host.h"
 
+#include "refhost/core/customizationtables.h"
 #include "refhost/core/keywords.h"
 #include "refhost/core/settingsstore.h"
 #include "refhost/core/widetext.h"
@@ -23,6 +24,7 @@ Host::Host(const HostSetup& setup)
     , variables(setup.settings, setup.mainMenuName)
     , config(setup.settings, [this](const Fault& fault) { report(fault); })
     , groups(config, [this](const Fault& fault) { report(fault); })
+    , customization(setup.settings, [this](const Fault& fault) { report(fault); })
     , aliases(setup.aliasFile, [this](const Fault& fault) { report(fault); })
     , m_textFace(prompts, setup.output, {setup.helpFolder, setup.language})
     , m_files(setup.searchFolders)
@@ -82,6 +84,20 @@ int Host::runCommandLineOnly(const QString& globalName, std::deque<std::wstring>
     }
     const Prompts::Prepared prepared(prompts, std::move(answers));
     return run(*factory, true);
+}
+
+int Host::openEditor(CustomizationEditor editor)
+{
+    if (dialogsAllowed()) {
+        if (const std::optional<int> status = face().openEditor(editor))
+            return *status;
+    }
+    const QStringList rows = editor == CustomizationEditor::Accelerators
+                                 ? acceleratorRows(groups.groups(), customization.keys())
+                                 : toolbarRows(groups.groups(), customization.toolbars());
+    for (const QString& row : rows)
+        output.writeRow(toWide(row));
+    return QuelStatus::kNormal;
 }
 
 void Host::report(const Fault& fault)

@@ -17,6 +17,7 @@
 #include "refhost/core/shownmenugroups.h"
 #include "refhost/core/storedconfig.h"
 #include "refhost/core/textface.h"
+#include "refhost/core/usercustomization.h"
 #include "refhost/core/variables.h"
 
 #include <deque>
@@ -86,6 +87,10 @@ public:
     [[nodiscard]] Face& face() { return *m_face; }
     void setFace(Face& face) { m_face = &face; }
 
+    // Opens a customization editor, or prints what it would show where dialogs are not allowed or
+    // the face has no such editor. Returns the status of host/editors.h.
+    int openEditor(CustomizationEditor editor);
+
     // The files that the running command is likely to be answered with, as they are typed.
     [[nodiscard]] QStringList expectedFiles() const;
 
@@ -100,6 +105,7 @@ public:
     Variables variables;
     StoredConfig config;
     ShownMenuGroups groups;
+    UserCustomization customization;
     Aliases aliases;
     CrashRecorder crashRecorder;
     CommandStore commands;

@@ -4,6 +4,7 @@
 #include "host/aliases.h"
 #include "host/cstdstr.h"
 #include "host/customization.h"
+#include "host/editors.h"
 #include "host/errors.h"
 #include "host/filedialog.h"
 #include "host/messageboxes.h"
@@ -281,4 +282,18 @@ QuelAppInterface* GetQuelAppInterface()
 QuCmdAliasManager* quCmdAliasManagerPtr()
 {
     return &host().aliases;
+}
+
+// host/editors.h
+
+int vxExcuteWSCommand(int editor, const wchar_t*, const wchar_t*)
+{
+    switch (editor) {
+    case QuelEditor::kAccelerators:
+        return host().openEditor(quelhost::CustomizationEditor::Accelerators);
+    case QuelEditor::kToolbars:
+        return host().openEditor(quelhost::CustomizationEditor::Toolbars);
+    default:
+        return QuelStatus::kError;
+    }
 }

@@ -1,8 +1,11 @@
 #include "refhost/core/hostlistings.h"
 
+#include "refhost/core/cellwidth.h"
 #include "refhost/core/commandstore.h"
+#include "refhost/core/menutext.h"
 #include "refhost/core/settingslisting.h"
 #include "refhost/core/shownmenugroups.h"
+#include "refhost/core/utf8locale.h"
 #include "refhost/core/widetext.h"
 
 #include <QFileInfo>
@@ -15,20 +18,12 @@ namespace {
 
 constexpr char kIndent[] = "    ";
 
-// Text of a menu or toolbar without the mark of its letter to press.
-QString plainText(QString text)
-{
-    text.replace(QStringLiteral("&&"), QChar(0));
-    text.remove(QLatin1Char('&'));
-    return text.replace(QChar(0), QLatin1Char('&'));
-}
-
 template<typename Named>
 QString texts(const std::vector<Named>& all)
 {
     QStringList result;
     for (const Named& each : all)
-        result << plainText(each.text);
+        result << plainMenuText(each.text);
     return result.isEmpty() ? qtTrId("groups-none") : result.join(QStringLiteral(", "));
 }
 
@@ -52,29 +47,32 @@ QStringList indented(const QStringList& rows)
     return result;
 }
 
-bool isShown(const ShownMenuGroups& groups, const std::wstring& path)
+int widthOf(const QString& text)
 {
-    return std::any_of(groups.groups().begin(), groups.groups().end(),
-                       [&path](const ShownGroup& shown) { return shown.path == path; });
+    return columnsOf(toWide(text));
 }
 
 } // namespace
 
 QStringList tableRows(const std::vector<QStringList>& table)
 {
+    const Utf8Locale utf8; // for widths
+    constexpr int gap = 2;
     std::vector<int> widths;
     for (const QStringList& row : table) {
         widths.resize(std::max(widths.size(), static_cast<std::size_t>(row.size())));
         for (int i = 0; i < row.size(); ++i) {
             int& width = widths[static_cast<std::size_t>(i)];
-            width = std::max(width, row.at(i).size());
+            width = std::max(width, widthOf(row.at(i)));
         }
     }
     QStringList rows;
     for (const QStringList& row : table) {
         QString text;
-        for (int i = 0; i + 1 < row.size(); ++i)
-            text += row.at(i).leftJustified(widths[static_cast<std::size_t>(i)] + 2);
+        for (int i = 0; i + 1 < row.size(); ++i) {
+            const int blanks = widths[static_cast<std::size_t>(i)] + gap - widthOf(row.at(i));
+            text += row.at(i) + QString(blanks, QLatin1Char(' '));
+        }
         rows << (row.isEmpty() ? QString() : text + row.last());
     }
     return rows;
@@ -94,10 +92,8 @@ QStringList groupRows(const ShownMenuGroups& groups)
     if (rows.isEmpty())
         rows << qtTrId("groups-empty");
     QStringList others;
-    for (const std::wstring& path : groups.listedPaths()) {
-        if (!path.empty() && !isShown(groups, path))
-            others << marked(toQString(path));
-    }
+    for (const std::wstring& path : groups.notShownPaths())
+        others << marked(toQString(path));
     if (!others.isEmpty())
         rows << qtTrId("groups-not-shown") << indented(others);
     return rows;

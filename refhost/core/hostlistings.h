@@ -14,7 +14,8 @@ namespace quelhost {
 class CommandStore;
 class ShownMenuGroups;
 
-// Columns side by side, each as wide as its widest cell, two blanks between them.
+// Columns side by side, each as wide as its widest cell, two blanks between them. Characters that
+// take two places of a terminal count twice.
 [[nodiscard]] QStringList tableRows(const std::vector<QStringList>& table);
 
 // The shown groups with menus, toolbars and file, then the entries of the list that are not shown.

@@ -10,10 +10,10 @@
 
 namespace quelhost {
 
-// A key that a group's accelerator wants.
+// A key that a group's accelerator wants, or one of the host itself.
 struct GroupKey
 {
-    QString group;   // the group's name
+    QString group;   // the group's name, or the host's
     QString command; // the command's id in that group
     QKeySequence keys;
 
@@ -32,12 +32,15 @@ struct LostKey
 
 struct KeyAssignment
 {
-    std::vector<GroupKey> working;
+    std::vector<GroupKey> working; // of the groups
     std::vector<LostKey> lost;
 };
 
-// The group that was loaded first, that is, stands first in `groups`, keeps a key; within a group
-// the first accelerator does. What is lost comes back when the other group goes.
-[[nodiscard]] KeyAssignment assignKeys(const std::vector<ShownGroup>& groups);
+// The host keeps its own keys, and what the user chose goes before what packages want. The group
+// that was loaded first, that is, stands first in `groups`, keeps a key from the others; within a
+// group the first accelerator does. What is lost comes back when the other group goes. Keys typed
+// one after the other are lost to a command that has the first of them.
+[[nodiscard]] KeyAssignment assignKeys(const std::vector<GroupKey>& hostKeys,
+                                       const std::vector<ShownGroup>& groups);
 
 } // namespace quelhost

@@ -1,9 +1,11 @@
 #include "refhost/core/linecompletion.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 
 namespace quelhost {
@@ -12,6 +14,7 @@ namespace {
 
 constexpr QChar kQuote = QLatin1Char('"');
 constexpr QChar kSlash = QLatin1Char('/');
+constexpr int kMostLookedAt = 10000; // entries of a folder, at every key
 
 // The answer at the end of a line that is being typed.
 struct Typed
@@ -107,7 +110,7 @@ void sort(QStringList& texts)
     });
 }
 
-CompletedLine completeWord(const Typed& typed, bool blankFollows, const QStringList& words)
+QStringList fittingWords(const Typed& typed, const QStringList& words)
 {
     QStringList fitting;
     for (const QString& word : words) {
@@ -120,12 +123,22 @@ CompletedLine completeWord(const Typed& typed, bool blankFollows, const QStringL
                                   return left.compare(right, Qt::CaseInsensitive) == 0;
                               }),
                   fitting.end());
+    return fitting;
+}
+
+QString lineWithWord(const Typed& typed, bool blankFollows, const QString& word)
+{
+    const QString blank = blankFollows ? QString() : QStringLiteral(" ");
+    return typed.before + asAnswer(word, typed.quoted, true) + blank;
+}
+
+CompletedLine completeWord(const Typed& typed, bool blankFollows, const QStringList& words)
+{
+    const QStringList fitting = fittingWords(typed, words);
     if (fitting.isEmpty())
         return {};
-    if (fitting.size() == 1) {
-        const QString blank = blankFollows ? QString() : QStringLiteral(" ");
-        return {typed.before + asAnswer(fitting.first(), typed.quoted, true) + blank, {}, true};
-    }
+    if (fitting.size() == 1)
+        return {lineWithWord(typed, blankFollows, fitting.first()), {}, true};
     const QString common = commonStart(fitting, Qt::CaseInsensitive);
     const QString& longest = common.size() > typed.text.size() ? common : typed.text;
     return {typed.before + asAnswer(longest, typed.quoted, false), fitting, true};
@@ -140,24 +153,40 @@ bool isTypable(const QString& name)
     });
 }
 
-// What stands in `folder` and begins with `start`, folders with a slash.
-QStringList namesIn(const QString& folder, const QString& start)
+// The names that begin like a path that is typed.
+struct Names
 {
+    QString folder; // what stands before them
+    QStringList names;
+};
+
+// What stands in the folder of a path that is typed, folders with a slash. Nothing where there are
+// more than `most` entries to look at.
+Names namesLike(const QString& path, int most = std::numeric_limits<int>::max())
+{
+    const QString home = QStringLiteral("~");
+    if (path == home)
+        return {};
+    Names found{path.left(path.lastIndexOf(kSlash) + 1), {}};
+    const QString start = path.mid(found.folder.size());
+    if (found.folder.startsWith(home + kSlash))
+        found.folder = QDir::homePath() + found.folder.mid(1);
     QDir::Filters filters = QDir::AllEntries | QDir::NoDotAndDotDot;
     if (start.startsWith(QLatin1Char('.')))
         filters |= QDir::Hidden;
-    QStringList names;
-    const QFileInfoList entries =
-        QDir(folder.isEmpty() ? QStringLiteral(".") : folder).entryInfoList(filters, QDir::NoSort);
-    for (const QFileInfo& entry : entries) {
-        const QString name = entry.fileName();
+    QDirIterator entries(found.folder.isEmpty() ? QStringLiteral(".") : found.folder, filters);
+    for (int count = 0; entries.hasNext(); ++count) {
+        if (count == most)
+            return {};
+        entries.next();
+        const QString name = entries.fileName();
         if (name.startsWith(start) && isTypable(name))
-            names += entry.isDir() ? name + kSlash : name;
+            found.names += entries.fileInfo().isDir() ? name + kSlash : name;
     }
     if (start == QLatin1String(".."))
-        names += QStringLiteral("../");
-    sort(names);
-    return names;
+        found.names += QStringLiteral("../");
+    sort(found.names);
+    return found;
 }
 
 // The expected paths that what is typed may mean.
@@ -184,14 +213,7 @@ CompletedLine completePath(const Typed& typed, const QStringList& expected)
         const QString text = common.startsWith(typed.text) ? common : typed.text;
         return {typed.before + asAnswer(text, typed.quoted, false), fitting, true};
     }
-    const QString home = QStringLiteral("~");
-    if (typed.text == home)
-        return {};
-    QString folder = typed.text.left(typed.text.lastIndexOf(kSlash) + 1);
-    const QString start = typed.text.mid(folder.size());
-    if (folder.startsWith(home + kSlash))
-        folder = QDir::homePath() + folder.mid(1);
-    const QStringList names = namesIn(folder, start);
+    const auto [folder, names] = namesLike(typed.text);
     if (names.isEmpty())
         return {};
     const QString path = folder + commonStart(names, Qt::CaseSensitive);
@@ -200,27 +222,90 @@ CompletedLine completePath(const Typed& typed, const QStringList& expected)
             names.size() == 1 ? QStringList() : names, true};
 }
 
+std::vector<Suggestion> suggestWords(const Typed& typed, bool blankFollows,
+                                     const QStringList& words)
+{
+    std::vector<Suggestion> suggestions;
+    for (const QString& word : fittingWords(typed, words))
+        suggestions.push_back({word, lineWithWord(typed, blankFollows, word)});
+    return suggestions;
+}
+
+std::vector<Suggestion> suggestPaths(const Typed& typed, const QStringList& expected, int most)
+{
+    std::vector<Suggestion> suggestions;
+    for (const QString& path : expectedPaths(typed.text, expected))
+        suggestions.push_back({path, typed.before + asAnswer(path, typed.quoted, true)});
+    if (!suggestions.empty())
+        return suggestions;
+    const auto [folder, names] = namesLike(typed.text, most);
+    for (const QString& name : names) {
+        const QString path = folder + name;
+        const bool isWhole = !name.endsWith(kSlash);
+        suggestions.push_back({name, typed.before + asAnswer(path, typed.quoted, isWhole)});
+    }
+    return suggestions;
+}
+
+// The answer at the end of the line; nothing when it cannot be completed.
+std::optional<Typed> answerIn(const QString& beforeCursor, Completion completion)
+{
+    switch (completion) {
+    case Completion::Paths:
+        return wholeLine(beforeCursor);
+    case Completion::Commands:
+        return lastWord(beforeCursor);
+    case Completion::Keywords: {
+        const Typed typed = lastWord(beforeCursor);
+        return typed.first ? std::optional<Typed>(typed) : std::nullopt;
+    }
+    case Completion::Nothing:
+        break;
+    }
+    return std::nullopt;
+}
+
+bool isPath(const Typed& typed, Completion completion)
+{
+    return completion == Completion::Paths || !typed.first;
+}
+
 } // namespace
 
 CompletedLine completeLine(const QString& beforeCursor, bool blankFollows,
                            const LineRequest& request)
 {
-    if (request.completion == Completion::Paths) {
-        const std::optional<Typed> typed = wholeLine(beforeCursor);
-        return typed ? completePath(*typed, request.words) : CompletedLine{};
+    const std::optional<Typed> typed = answerIn(beforeCursor, request.completion);
+    if (!typed)
+        return {};
+    if (!isPath(*typed, request.completion))
+        return completeWord(*typed, blankFollows, request.words);
+    const bool isAsked = request.completion == Completion::Paths;
+    return completePath(*typed, isAsked ? request.words : QStringList());
+}
+
+std::vector<Suggestion> suggestLines(const QString& beforeCursor, bool blankFollows,
+                                     const LineRequest& request, Suggest when)
+{
+    const std::optional<Typed> typed = answerIn(beforeCursor, request.completion);
+    const bool whileTyping = when == Suggest::WhileTyping;
+    if (!typed || (whileTyping && typed->text.isEmpty()))
+        return {};
+    if (!isPath(*typed, request.completion)) {
+        std::vector<Suggestion> words = suggestWords(*typed, blankFollows, request.words);
+        const bool isThere =
+            words.size() == 1 && words.front().text.compare(typed->text, Qt::CaseInsensitive) == 0;
+        return whileTyping && isThere ? std::vector<Suggestion>() : words;
     }
-    const Typed typed = lastWord(beforeCursor);
-    switch (request.completion) {
-    case Completion::Commands:
-        return typed.first ? completeWord(typed, blankFollows, request.words)
-                           : completePath(typed, {});
-    case Completion::Keywords:
-        return typed.first ? completeWord(typed, blankFollows, request.words) : CompletedLine{};
-    case Completion::Paths:
-    case Completion::Nothing:
-        break;
-    }
-    return {};
+    const bool isAsked = request.completion == Completion::Paths;
+    if (whileTyping && !isAsked && !typed->text.contains(kSlash))
+        return {};
+    std::vector<Suggestion> paths =
+        suggestPaths(*typed, isAsked ? request.words : QStringList(),
+                     whileTyping ? kMostLookedAt : std::numeric_limits<int>::max());
+    const bool isThere =
+        paths.size() == 1 && typed->text.endsWith(paths.front().text) && whileTyping;
+    return isThere ? std::vector<Suggestion>() : paths;
 }
 
 } // namespace quelhost

@@ -1,10 +1,13 @@
-// What the Tab key makes of a line: names, keywords and paths that begin with what is typed.
+// What the Tab key makes of a line: names, keywords and paths that begin with what is typed. The
+// same as suggestions, one by one.
 #pragma once
 
 #include "refhost/core/linesource.h"
 
 #include <QString>
 #include <QStringList>
+
+#include <vector>
 
 namespace quelhost {
 
@@ -29,5 +32,24 @@ struct CompletedLine
 // is left as it is, since commands know it.
 [[nodiscard]] CompletedLine completeLine(const QString& beforeCursor, bool blankFollows,
                                          const LineRequest& request);
+
+// One way to complete a line.
+struct Suggestion
+{
+    QString text;         // for the user to look at
+    QString beforeCursor; // what stands before the cursor when it is taken
+};
+
+enum class Suggest {
+    OnDemand,
+    // Only what is worth to be shown unasked: for an answer that was begun and is not whole yet.
+    // After the name of a command only words with a slash count as paths. A folder of many
+    // thousand files is passed over, since it would be looked through at every key.
+    WhileTyping,
+};
+
+// All that completeLine() could complete the answer to, in the order of its candidates.
+[[nodiscard]] std::vector<Suggestion> suggestLines(const QString& beforeCursor, bool blankFollows,
+                                                   const LineRequest& request, Suggest when);
 
 } // namespace quelhost

@@ -59,7 +59,8 @@ struct Toolbar
 struct Accelerator
 {
     QString command;
-    QKeySequence keys; // one known combination
+    QKeySequence keys;   // one known combination; the user's choice may be several in a row
+    bool chosen = false; // by the user; a package's never is
 };
 
 struct MenuGroup

@@ -20,10 +20,11 @@ bool waitUntilWritable(int descriptor)
 
 } // namespace
 
-void Output::write(std::wstring_view text)
+void Output::write(std::wstring_view text, TextKind kind)
 {
     if (text.empty())
         return;
+    m_kind = kind;
     put(toUtf8(text));
     const std::size_t newline = text.rfind(L'\n');
     m_column = newline == text.npos ? m_column + text.size() : text.size() - newline - 1;
@@ -35,10 +36,10 @@ void Output::startRow()
         write(L"\n");
 }
 
-void Output::writeRow(std::wstring_view text)
+void Output::writeRow(std::wstring_view text, TextKind kind)
 {
     startRow();
-    write(text);
+    write(text, kind);
     startRow();
 }
 

@@ -7,24 +7,34 @@
 
 namespace quelhost {
 
+enum class TextKind {
+    Said,
+    Answer, // a prompt and what answers it; what shows text may set it off
+};
+
 class Output
 {
 public:
     virtual ~Output() = default;
 
     // Writes `text` as it stands.
-    void write(std::wstring_view text);
+    void write(std::wstring_view text, TextKind kind = TextKind::Said);
     // Ends the current row unless it is empty.
     void startRow();
     // Writes `text` on rows of its own: starts a row, writes, ends the row.
-    void writeRow(std::wstring_view text);
+    void writeRow(std::wstring_view text, TextKind kind = TextKind::Said);
+    // Lets the user see what was written, where that may take a moment.
+    virtual void flush() {}
     // Tells that something else moved to the start of a row: a terminal on Enter.
     void rowStarted() { m_column = 0; }
 
 protected:
     virtual void put(const std::string& utf8) = 0;
+    // Of what is put now.
+    [[nodiscard]] TextKind kind() const { return m_kind; }
 
 private:
+    TextKind m_kind = TextKind::Said;
     std::size_t m_column = 0;
 };
 

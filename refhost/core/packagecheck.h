@@ -1,21 +1,30 @@
 // Says whether customization packages are good: what `--check FILE.cuix ...` prints.
 #pragma once
 
+#include "refhost/core/shownmenugroups.h"
+
 #include <QString>
 #include <QStringList>
+
+#include <vector>
 
 namespace quelhost {
 
 struct PackageCheck
 {
-    // Lines to print, without line ends: one for a good package, one for each fault of a bad one.
+    // Lines to print, without line ends: two for a good package, one for each fault of a bad one.
     QStringList lines;
     bool allGood = true;
 };
 
-// Checks the files one after the other. A good one's line counts its commands, the menus of the
-// menu bar, its toolbars and its accelerators; a fault's line begins with `file:` or, where it has
-// a place, `file:line:column:`.
-[[nodiscard]] PackageCheck checkPackages(const QStringList& paths);
+// Checks the files one after the other. A good one's first line counts its commands, the menus of
+// the menu bar, its toolbars and its accelerators; the second says what loading it would change
+// where `loaded` and the good files before it are loaded. A fault's line begins with `file:` or,
+// where it has a place, `file:line:column:`.
+[[nodiscard]] PackageCheck checkPackages(const QStringList& paths, std::vector<ShownGroup> loaded);
+
+// The groups that a host would show on this profile. Nothing in it is changed. What keeps a listed
+// file from being shown is no obstacle here.
+[[nodiscard]] Result<std::vector<ShownGroup>> groupsOfProfile(const QString& folder);
 
 } // namespace quelhost

@@ -100,7 +100,7 @@ std::wstring Prompts::takeAnswer(AnswerEnd end)
 
 void Prompts::show(const LineRequest& request, const std::wstring& answer)
 {
-    m_output.writeRow(request.prompt + answer);
+    m_output.writeRow(request.prompt + answer, TextKind::Answer);
 }
 
 Prompts::Prepared::Prepared(Prompts& prompts, std::deque<std::wstring> answers)

@@ -172,21 +172,27 @@ Result<std::vector<Item>> SettingsDatabase::all() const
                    [this](const QString& reason) { return notReadSentence(reason); });
 }
 
-Status SettingsDatabase::write(const Item& item)
+Status SettingsDatabase::change(const SettingsEdit& edit)
 {
-    if (const Status storable = checkStorable(m_file, item); !storable)
-        return storable;
-    const SettingsRow row = rowOf(item);
-    const auto storeRow = [&]() -> Status {
+    for (const Item& item : edit.written) {
+        if (const Status storable = checkStorable(m_file, item); !storable)
+            return storable;
+    }
+    const auto changeRows = [&]() -> Status {
         SQLite::Transaction transaction(*m_connection, SQLite::TransactionBehavior::IMMEDIATE);
-        if (const auto former = fetch(item.category, row.key); !former)
-            return former.fault();
-        store(row);
+        for (const Item& item : edit.written) {
+            if (const Status stored = store(rowOf(item)); !stored)
+                return stored;
+        }
+        for (const auto& [category, key] : edit.removed) {
+            if (const Status removed = remove(category, encodeWide(key)); !removed)
+                return removed;
+        }
         transaction.commit();
         return Done{};
     };
-    Status stored = attempt(*m_connection, storeRow, [&](const QString& reason) {
-        return notStored(item.key, m_file, reason);
+    Status stored = attempt(*m_connection, changeRows, [&](const QString& reason) {
+        return notStored(edit.firstKey(), m_file, reason);
     });
     if (!stored && stored.fault().kind == FaultKind::Io)
         dropFailedWrite();
@@ -285,8 +291,10 @@ Result<std::optional<Item>> SettingsDatabase::fetch(int category, std::string_vi
     return item;
 }
 
-void SettingsDatabase::store(const SettingsRow& row)
+Status SettingsDatabase::store(const SettingsRow& row)
 {
+    if (const auto former = fetch(static_cast<int>(row.category), row.key); !former)
+        return former.fault();
     SQLite::Statement statement(*m_connection,
                                 "INSERT INTO item (category, key, kind, value, checksum)"
                                 " VALUES (?, ?, ?, ?, ?) ON CONFLICT (category, key) DO UPDATE SET"
@@ -298,6 +306,18 @@ void SettingsDatabase::store(const SettingsRow& row)
     bindBytes(statement, 4, row.value);
     statement.bind(5, row.checksum);
     statement.exec();
+    return Done{};
+}
+
+Status SettingsDatabase::remove(int category, std::string_view key)
+{
+    if (const auto former = fetch(category, key); !former)
+        return former.fault();
+    SQLite::Statement statement(*m_connection, "DELETE FROM item WHERE category = ? AND key = ?");
+    statement.bind(1, category);
+    bindBytes(statement, 2, key);
+    statement.exec();
+    return Done{};
 }
 
 // A write can fail after its last page reached the log, for instance in the sync. The library

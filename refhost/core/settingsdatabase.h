@@ -53,9 +53,11 @@ public:
     // All items, by category and then by the code points of the key. Damaged when one of them is.
     [[nodiscard]] Result<std::vector<Item>> all() const;
 
-    // Stores an item in place of the one with its category and key. When it returns, the item is
-    // on disk; on a fault the former one is. A damaged row is not written over (Damaged).
-    [[nodiscard]] Status write(const Item& item);
+    // Stores items in place of those with their category and key, and removes items. When it
+    // returns, all of it is on disk; on a fault nothing is. A damaged row is neither written over
+    // nor removed (Damaged).
+    // REQUIRES: the edit is not empty.
+    [[nodiscard]] Status change(const SettingsEdit& edit);
 
     // Writes all items into a new file `copy`, checks it and leaves it closed.
     // REQUIRES: no file of that name.
@@ -68,7 +70,8 @@ private:
     [[nodiscard]] Status checkStructure() const;
     [[nodiscard]] Status prepareForWriting();
     [[nodiscard]] Result<std::optional<Item>> fetch(int category, std::string_view key) const;
-    void store(const SettingsRow& row);
+    [[nodiscard]] Status store(const SettingsRow& row);
+    [[nodiscard]] Status remove(int category, std::string_view key);
     void dropFailedWrite();
     [[nodiscard]] QString notReadSentence(const QString& reason) const;
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace quelhost {
 
@@ -13,6 +14,9 @@ enum class ItemKind {
     Integer = 1, // 32-bit integer
     String = 5,  // wide string
 };
+
+// The category of the host's own settings, apart from those that modules keep.
+constexpr int kHostCategory = 1;
 
 // `key` and `text` are any sequence of wide characters, also an empty one, also with null
 // characters, lone surrogates and values above U+10FFFF. `number` counts only for integers, `text`
@@ -38,6 +42,21 @@ struct Item
     [[nodiscard]] static Item string(int category, std::wstring key, std::wstring text)
     {
         return {category, std::move(key), ItemKind::String, 0, std::move(text)};
+    }
+};
+
+// What is to be changed at once.
+struct SettingsEdit
+{
+    std::vector<Item> written;
+    std::vector<std::pair<int, std::wstring>> removed; // categories and keys, stored or not
+
+    [[nodiscard]] bool isEmpty() const { return written.empty() && removed.empty(); }
+    // A key to name the edit by.
+    // REQUIRES: not isEmpty().
+    [[nodiscard]] const std::wstring& firstKey() const
+    {
+        return written.empty() ? removed.front().second : written.front().key;
     }
 };
 

@@ -72,18 +72,28 @@ Result<std::vector<Item>> SettingsStore::all() const
 
 Status SettingsStore::write(const Item& item)
 {
+    return change({{item}, {}});
+}
+
+Status SettingsStore::change(const SettingsEdit& edit)
+{
+    if (edit.isEmpty())
+        return Done{};
     Status stored = becomeWritable();
     if (!stored) {
         const Fault& why = stored.fault();
-        return plainFault(
-            why.kind,
-            qtTrId("settings-not-stored-because").arg(toQString(item.key).left(100), why.sentence));
+        return plainFault(why.kind, qtTrId("settings-not-stored-because")
+                                        .arg(toQString(edit.firstKey()).left(100), why.sentence));
     }
-    stored = m_database->write(item);
-    if (stored)
-        m_forThisRun.erase({item.category, item.key});
-    else
+    stored = m_database->change(edit);
+    if (!stored) {
         rememberDamage(stored.fault());
+        return stored;
+    }
+    for (const Item& item : edit.written)
+        m_forThisRun.erase({item.category, item.key});
+    for (const Key& key : edit.removed)
+        m_forThisRun.erase(key);
     return stored;
 }
 

@@ -76,6 +76,10 @@ public:
     // of no known kind, Damaged, Busy, Io.
     [[nodiscard]] Status write(const Item& item);
 
+    // Stores and removes what the edit says, all of it or nothing. An empty edit is always done.
+    // Faults as in `write`.
+    [[nodiscard]] Status change(const SettingsEdit& edit);
+
     // Puts an item in force, without storing it, until the store goes or its key is written: for
     // what the program needs and could not store.
     void setForThisRun(const Item& item);

@@ -1,7 +1,6 @@
 #include "refhost/core/shownmenugroups.h"
 
 #include "host/settings.h"
-#include "refhost/core/package.h"
 #include "refhost/core/widetext.h"
 
 #include <algorithm>
@@ -43,6 +42,16 @@ std::vector<std::wstring> ShownMenuGroups::listedPaths() const
     return split(value.stringOrEmpty());
 }
 
+std::vector<std::wstring> ShownMenuGroups::notShownPaths() const
+{
+    std::vector<std::wstring> paths = listedPaths();
+    const auto isNone = [this](const std::wstring& path) {
+        return path.empty() || find(path) != nullptr;
+    };
+    paths.erase(std::remove_if(paths.begin(), paths.end(), isNone), paths.end());
+    return paths;
+}
+
 void ShownMenuGroups::refresh()
 {
     const std::vector<std::wstring> listed = listedPaths();
@@ -81,7 +90,7 @@ const ShownGroup* ShownMenuGroups::find(const std::wstring& path) const
 
 bool ShownMenuGroups::show(const std::wstring& path, bool unlisted)
 {
-    const PackageReading reading = readPackage(toQString(path));
+    const PackageReading reading = m_reader(toQString(path));
     if (!reading) {
         complain(path, reading.faults());
         return false;

@@ -3,6 +3,7 @@
 
 #include "host/customization.h"
 #include "refhost/core/menugroup.h"
+#include "refhost/core/package.h"
 #include "refhost/core/result.h"
 
 #include <functional>
@@ -28,6 +29,7 @@ class ShownMenuGroups final : public QuelCustomizationManager
 {
 public:
     using Report = std::function<void(const Fault&)>;
+    using Reader = std::function<PackageReading(const QString& path)>;
 
     // `report` is told why a file is not shown, once for each file until it has left the list.
     // REQUIRES: `config` outlives this object.
@@ -44,8 +46,13 @@ public:
     // nobody.
     void setListener(std::function<void()> changed) { m_changed = std::move(changed); }
 
+    // How packages are read: by readPackage(), until another way is given.
+    void setReader(Reader reader) { m_reader = std::move(reader); }
+
     // The entries of the list, empty ones included.
     [[nodiscard]] std::vector<std::wstring> listedPaths() const;
+    // Those that are not shown: missing, or refused when they were opened.
+    [[nodiscard]] std::vector<std::wstring> notShownPaths() const;
 
 private:
     [[nodiscard]] const ShownGroup* find(const std::wstring& path) const;
@@ -56,6 +63,7 @@ private:
 
     QueldConfig& m_config;
     Report m_report;
+    Reader m_reader = readPackage;
     std::function<void()> m_changed;
     std::vector<ShownGroup> m_groups;
     std::set<std::wstring> m_complained;

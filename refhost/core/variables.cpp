@@ -9,9 +9,6 @@ namespace quelhost {
 
 namespace {
 
-// Variables are the host's own settings, apart from those that modules keep.
-constexpr int kVariableCategory = 1;
-
 enum Index : std::size_t { kFileDialogs, kMainMenuFile };
 
 std::optional<std::size_t> indexOf(const QString& name)
@@ -41,8 +38,8 @@ Item itemFor(std::size_t index, const VariableValue& value)
     const std::wstring key =
         L"SystemVariables/" + toWide(Variables::names().at(static_cast<int>(index)));
     if (const auto* number = std::get_if<std::int16_t>(&value))
-        return Item::integer(kVariableCategory, key, *number);
-    return Item::string(kVariableCategory, key, std::get<std::wstring>(value));
+        return Item::integer(kHostCategory, key, *number);
+    return Item::string(kHostCategory, key, std::get<std::wstring>(value));
 }
 
 } // namespace

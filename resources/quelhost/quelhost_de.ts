@@ -668,5 +668,581 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
         <source>%1 stays with %2 (%3); %4 (%5) does without it.</source>
         <translation>%1 bleibt bei %2 (%3); %4 (%5) kommt ohne aus.</translation>
     </message>
+    <message id="change-menus" numerus="yes">
+        <source>%n menus</source>
+        <translation><numerusform>%n Menü</numerusform><numerusform>%n Menüs</numerusform></translation>
+    </message>
+    <message id="change-toolbars" numerus="yes">
+        <source>%n toolbars</source>
+        <translation><numerusform>%n Werkzeugleiste</numerusform><numerusform>%n Werkzeugleisten</numerusform></translation>
+    </message>
+    <message id="change-accelerators" numerus="yes">
+        <source>%n accelerators</source>
+        <translation><numerusform>%n Tastenkürzel</numerusform><numerusform>%n Tastenkürzel</numerusform></translation>
+    </message>
+    <message id="change-keys-stay" numerus="yes">
+        <source>%1 stay with %2</source>
+        <translation><numerusform>%1 bleibt bei %2</numerusform><numerusform>%1 bleiben bei %2</numerusform></translation>
+    </message>
+    <message id="change-keys-go" numerus="yes">
+        <source>%1 go to %2</source>
+        <translation><numerusform>%1 geht an %2</numerusform><numerusform>%1 gehen an %2</numerusform></translation>
+    </message>
+    <message id="change-nothing">
+        <source>no menus, toolbars or accelerators</source>
+        <translation>keine Menüs, Werkzeugleisten oder Tastenkürzel</translation>
+    </message>
+    <message id="change-adds">
+        <source>adds %1</source>
+        <translation>fügt hinzu: %1</translation>
+    </message>
+    <message id="change-removes">
+        <source>removes %1</source>
+        <translation>entfernt: %1</translation>
+    </message>
+    <message id="change-loaded">
+        <source>is loaded already</source>
+        <translation>ist schon geladen</translation>
+    </message>
+    <message id="change-name-taken">
+        <source>cannot be shown: its menu group %1 is that of %2</source>
+        <translation>kann nicht gezeigt werden: Seine Menügruppe %1 ist die von %2</translation>
+    </message>
+    <message id="customize-command">
+        <source>COMMAND</source>
+        <translation>BEFEHL</translation>
+    </message>
+    <message id="customize-key">
+        <source>KEY</source>
+        <translation>TASTE</translation>
+    </message>
+    <message id="customize-group">
+        <source>GROUP</source>
+        <translation>GRUPPE</translation>
+    </message>
+    <message id="customize-title">
+        <source>TITLE</source>
+        <translation>TITEL</translation>
+    </message>
+    <message id="customize-commands">
+        <source>COMMANDS</source>
+        <translation>BEFEHLE</translation>
+    </message>
+    <message id="customize-no-keys">
+        <source>No command of the loaded menu groups has a key.</source>
+        <translation>Kein Befehl der geladenen Menügruppen hat eine Taste.</translation>
+    </message>
+    <message id="customize-no-toolbars">
+        <source>There are no toolbars.</source>
+        <translation>Es gibt keine Werkzeugleisten.</translation>
+    </message>
+    <message id="window-said-help">
+        <source>The rows can be selected and copied; the context menu copies one row or all.</source>
+        <translation>Die Zeilen lassen sich markieren und kopieren; das Kontextmenü kopiert eine Zeile oder alle.</translation>
+    </message>
+    <message id="window-line-help">
+        <source>Tab completes, Down goes into the suggestions, Up and Down go through earlier lines, Page Up and Page Down scroll the rows above.</source>
+        <translation>Tab ergänzt, Abwärts führt in die Vorschläge, Aufwärts und Abwärts blättern durch frühere Zeilen, Bild auf und Bild ab durch die Zeilen darüber.</translation>
+    </message>
+    <message id="window-line-keywords">
+        <source>Shift+Tab goes to the keywords.</source>
+        <translation>Umschalt+Tab führt zu den Schlüsselwörtern.</translation>
+    </message>
+    <message id="window-suggestions">
+        <source>Suggestions</source>
+        <translation>Vorschläge</translation>
+    </message>
+    <message id="window-keywords">
+        <source>Keywords</source>
+        <translation>Schlüsselwörter</translation>
+    </message>
+    <message id="window-keyword">
+        <source>Answers with %1. Shift+Tab comes here from the line.</source>
+        <translation>Antwortet mit %1. Umschalt+Tab führt von der Zeile hierher.</translation>
+    </message>
+    <message id="window-keyword-by-enter">
+        <source>Answers with %1, as Enter alone does. Shift+Tab comes here from the line.</source>
+        <translation>Antwortet mit %1, wie die Eingabetaste allein. Umschalt+Tab führt von der Zeile hierher.</translation>
+    </message>
+    <message id="window-copy">
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message id="window-copy-row">
+        <source>Copy &amp;Line</source>
+        <translation>&amp;Zeile kopieren</translation>
+    </message>
+    <message id="window-copy-all">
+        <source>Copy &amp;All</source>
+        <translation>A&amp;lles kopieren</translation>
+    </message>
+    <message id="window-select-all">
+        <source>&amp;Select All</source>
+        <translation>Alles &amp;markieren</translation>
+    </message>
+    <message id="window-loaded">
+        <source>What Is Loaded</source>
+        <translation>Was geladen ist</translation>
+    </message>
+    <message id="window-load-title">
+        <source>Load Customization File</source>
+        <translation>Anpassungsdatei laden</translation>
+    </message>
+    <message id="window-load-filter">
+        <source>Customization files</source>
+        <translation>Anpassungsdateien</translation>
+    </message>
+    <message id="window-not-kept">
+        <source>The place of the window could not be kept in %1.</source>
+        <translation>Der Platz des Fensters konnte nicht in %1 festgehalten werden.</translation>
+    </message>
+    <message id="host-menu">
+        <source>&amp;Quelhost</source>
+        <translation>&amp;Quelhost</translation>
+    </message>
+    <message id="host-menu-find">
+        <source>&amp;Find Command...</source>
+        <translation>Befehl &amp;finden...</translation>
+    </message>
+    <message id="host-menu-recent">
+        <source>&amp;Recent Files</source>
+        <translation>&amp;Zuletzt geladen</translation>
+    </message>
+    <message id="host-menu-loaded">
+        <source>What Is &amp;Loaded</source>
+        <translation>Was ge&amp;laden ist</translation>
+    </message>
+    <message id="host-menu-command-line">
+        <source>&amp;Command Line</source>
+        <translation>&amp;Befehlszeile</translation>
+    </message>
+    <message id="host-menu-toolbars">
+        <source>&amp;Toolbars</source>
+        <translation>&amp;Werkzeugleisten</translation>
+    </message>
+    <message id="host-menu-no-toolbars">
+        <source>There are no toolbars</source>
+        <translation>Es gibt keine Werkzeugleisten</translation>
+    </message>
+    <message id="host-menu-quit">
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message id="recent-none">
+        <source>No file was loaded yet</source>
+        <translation>Noch keine Datei geladen</translation>
+    </message>
+    <message id="recent-file">
+        <source>%1</source>
+        <translation>%1</translation>
+    </message>
+    <message id="recent-loaded">
+        <source>%1 (loaded)</source>
+        <translation>%1 (geladen)</translation>
+    </message>
+    <message id="recent-missing">
+        <source>%1 (missing)</source>
+        <translation>%1 (fehlt)</translation>
+    </message>
+    <message id="loaded-search">
+        <source>Search names, keys, macros and files</source>
+        <translation>Namen, Tasten, Makros und Dateien suchen</translation>
+    </message>
+    <message id="loaded-load">
+        <source>&amp;Load...</source>
+        <translation>&amp;Laden...</translation>
+    </message>
+    <message id="loaded-load-tip">
+        <source>Load a customization file with its menus, toolbars and keys</source>
+        <translation>Eine Anpassungsdatei mit ihren Menüs, Werkzeugleisten und Tasten laden</translation>
+    </message>
+    <message id="loaded-unload">
+        <source>&amp;Unload</source>
+        <translation>&amp;Entladen</translation>
+    </message>
+    <message id="loaded-unload-none">
+        <source>Choose a group to unload</source>
+        <translation>Eine Gruppe zum Entladen wählen</translation>
+    </message>
+    <message id="loaded-unload-tip">
+        <source>Unload %1: %2</source>
+        <translation>%1 entladen: %2</translation>
+    </message>
+    <message id="loaded-main-file">
+        <source>The main customization file stays loaded</source>
+        <translation>Die Hauptanpassungsdatei bleibt geladen</translation>
+    </message>
+    <message id="loaded-where">
+        <source>Show &amp;Where</source>
+        <translation>&amp;Wo ist das?</translation>
+    </message>
+    <message id="loaded-where-tip">
+        <source>Show the command in its menu, on its toolbar or among the keys</source>
+        <translation>Den Befehl in seinem Menü, auf seiner Werkzeugleiste oder bei den Tasten zeigen</translation>
+    </message>
+    <message id="loaded-where-none">
+        <source>Choose a command to see where it stands</source>
+        <translation>Einen Befehl wählen, um zu sehen, wo er steht</translation>
+    </message>
+    <message id="loaded-place-menu">
+        <source>Menu: %1</source>
+        <translation>Menü: %1</translation>
+    </message>
+    <message id="loaded-place-toolbar">
+        <source>Toolbar: %1</source>
+        <translation>Werkzeugleiste: %1</translation>
+    </message>
+    <message id="loaded-place-key">
+        <source>Key: %1</source>
+        <translation>Taste: %1</translation>
+    </message>
+    <message id="loaded-place-none">
+        <source>In no menu, on no toolbar, without a key</source>
+        <translation>In keinem Menü, auf keiner Werkzeugleiste, ohne Taste</translation>
+    </message>
+    <message id="loaded-run">
+        <source>&amp;Run</source>
+        <translation>&amp;Ausführen</translation>
+    </message>
+    <message id="loaded-copy-name">
+        <source>Copy &amp;Name</source>
+        <translation>&amp;Namen kopieren</translation>
+    </message>
+    <message id="loaded-copy-macro">
+        <source>Copy &amp;Macro</source>
+        <translation>&amp;Makro kopieren</translation>
+    </message>
+    <message id="loaded-copy-path">
+        <source>Copy &amp;File Path</source>
+        <translation>Datei&amp;pfad kopieren</translation>
+    </message>
+    <message id="loaded-menus">
+        <source>Menus</source>
+        <translation>Menüs</translation>
+    </message>
+    <message id="loaded-toolbars">
+        <source>Toolbars</source>
+        <translation>Werkzeugleisten</translation>
+    </message>
+    <message id="loaded-commands">
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message id="loaded-keys">
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message id="loaded-separator">
+        <source>(separator)</source>
+        <translation>(Trennlinie)</translation>
+    </message>
+    <message id="loaded-key-lost">
+        <source>%1 (stays with %2)</source>
+        <translation>%1 (bleibt bei %2)</translation>
+    </message>
+    <message id="loaded-file-missing">
+        <source>%1 (missing)</source>
+        <translation>%1 (fehlt)</translation>
+    </message>
+    <message id="loaded-file-refused">
+        <source>%1 (not shown)</source>
+        <translation>%1 (nicht gezeigt)</translation>
+    </message>
+    <message id="loaded-missing-tip">
+        <source>The file is missing. Its entry leaves the list when another file is unloaded.</source>
+        <translation>Die Datei fehlt. Ihr Eintrag verlässt die Liste, wenn eine andere Datei entladen wird.</translation>
+    </message>
+    <message id="loaded-refused-tip">
+        <source>The file could not be shown; why was said at the command line.</source>
+        <translation>Die Datei konnte nicht gezeigt werden; der Grund wurde in der Befehlszeile genannt.</translation>
+    </message>
+    <message id="loaded-column-name">
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message id="loaded-column-keys">
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message id="loaded-column-detail">
+        <source>Macro or File</source>
+        <translation>Makro oder Datei</translation>
+    </message>
+    <message id="palette-name">
+        <source>Find Command</source>
+        <translation>Befehl finden</translation>
+    </message>
+    <message id="palette-commands">
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message id="palette-aliases">
+        <source>Aliases</source>
+        <translation>Kurzbefehle</translation>
+    </message>
+    <message id="customize-changed">
+        <source>CHANGED</source>
+        <translation>GEÄNDERT</translation>
+    </message>
+    <message id="customize-yes">
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message id="customize-no">
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message id="customize-none">
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message id="customize-own">
+        <source>(yours)</source>
+        <translation>(eigene)</translation>
+    </message>
+    <message id="customize-hidden">
+        <source>hidden</source>
+        <translation>verborgen</translation>
+    </message>
+    <message id="customize-deleted">
+        <source>deleted</source>
+        <translation>gelöscht</translation>
+    </message>
+    <message id="customization-unreadable">
+        <source>The setting %1 cannot be understood and is not used.</source>
+        <translation>Die Einstellung %1 ist nicht zu verstehen und wird nicht verwendet.</translation>
+    </message>
+    <message id="keyfile-no-keys">
+        <source>This is not a file of keys: its first line has to be "quelhost keys 1".</source>
+        <translation>Das ist keine Datei mit Tasten: Ihre erste Zeile muss „quelhost keys 1“ lauten.</translation>
+    </message>
+    <message id="keyfile-not-utf8">
+        <source>This line is not valid UTF-8.</source>
+        <translation>Diese Zeile ist kein gültiges UTF-8.</translation>
+    </message>
+    <message id="keyfile-bad-line">
+        <source>This line is not a menu group, a command and keys with a tab between them.</source>
+        <translation>Diese Zeile ist nicht Menügruppe, Befehl und Tasten mit je einem Tabulator dazwischen.</translation>
+    </message>
+    <message id="keyfile-bad-keys">
+        <source>"%1" names no keys, or the same ones twice.</source>
+        <translation>„%1“ nennt keine Tasten oder dieselben zweimal.</translation>
+    </message>
+    <message id="keyfile-twice">
+        <source>The keys of command %2 of menu group %1 stand in line %3 already.</source>
+        <translation>Die Tasten des Befehls %2 der Menügruppe %1 stehen schon in Zeile %3.</translation>
+    </message>
+    <message id="loaded-own-toolbars">
+        <source>Your Toolbars</source>
+        <translation>Ihre Werkzeugleisten</translation>
+    </message>
+    <message id="toolbars-title">
+        <source>Customize Toolbars</source>
+        <translation>Symbolleisten anpassen</translation>
+    </message>
+    <message id="toolbars-list">
+        <source>&amp;Toolbars</source>
+        <translation>&amp;Symbolleisten</translation>
+    </message>
+    <message id="toolbars-new">
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message id="toolbars-rename">
+        <source>Rena&amp;me</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message id="toolbars-delete">
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message id="toolbars-reset">
+        <source>R&amp;eset</source>
+        <translation>&amp;Zurücksetzen</translation>
+    </message>
+    <message id="toolbars-reset-tip">
+        <source>Make the toolbar what its package has</source>
+        <translation>Die Symbolleiste wieder so machen, wie ihr Paket sie hat</translation>
+    </message>
+    <message id="toolbars-reset-same">
+        <source>The toolbar is what its package has</source>
+        <translation>Die Symbolleiste ist so, wie ihr Paket sie hat</translation>
+    </message>
+    <message id="toolbars-reset-own">
+        <source>Your own toolbar has no package to go back to</source>
+        <translation>Die eigene Symbolleiste hat kein Paket, zu dem es zurückginge</translation>
+    </message>
+    <message id="toolbars-reset-all">
+        <source>Reset A&amp;ll</source>
+        <translation>&amp;Alle zurücksetzen</translation>
+    </message>
+    <message id="toolbars-reset-all-tip">
+        <source>Make all toolbars what their packages have; your own stay</source>
+        <translation>Alle Symbolleisten wieder so machen, wie ihre Pakete sie haben; die eigenen bleiben</translation>
+    </message>
+    <message id="toolbars-shown-tip">
+        <source>Ticked: shown in the window</source>
+        <translation>Mit Haken: im Fenster zu sehen</translation>
+    </message>
+    <message id="toolbars-own">
+        <source>your own</source>
+        <translation>eigene</translation>
+    </message>
+    <message id="toolbars-changed">
+        <source>changed</source>
+        <translation>geändert</translation>
+    </message>
+    <message id="toolbars-new-title">
+        <source>New toolbar</source>
+        <translation>Neue Symbolleiste</translation>
+    </message>
+    <message id="toolbars-name">
+        <source>Name of the toolbar</source>
+        <translation>Name der Symbolleiste</translation>
+    </message>
+    <message id="toolbars-name-needed">
+        <source>A toolbar needs a name; this one keeps its own.</source>
+        <translation>Eine Symbolleiste braucht einen Namen; diese behält ihren.</translation>
+    </message>
+    <message id="toolbars-name-taken">
+        <source>Another toolbar has that name; this one is called "%1".</source>
+        <translation>Eine andere Symbolleiste heißt schon so; diese heißt „%1“.</translation>
+    </message>
+    <message id="toolbars-deleted-hint">
+        <source>This toolbar is deleted. A tick or Reset brings it back.</source>
+        <translation>Diese Symbolleiste ist gelöscht. Ein Haken oder Zurücksetzen holt sie wieder.</translation>
+    </message>
+    <message id="toolbars-buttons">
+        <source>&amp;Buttons</source>
+        <translation>S&amp;chaltflächen</translation>
+    </message>
+    <message id="toolbars-buttons-of">
+        <source>Buttons of %1</source>
+        <translation>Schaltflächen von %1</translation>
+    </message>
+    <message id="toolbars-up">
+        <source>&amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message id="toolbars-down">
+        <source>Do&amp;wn</source>
+        <translation>Nach un&amp;ten</translation>
+    </message>
+    <message id="toolbars-separator">
+        <source>&amp;Separator</source>
+        <translation>T&amp;rennlinie</translation>
+    </message>
+    <message id="toolbars-remove">
+        <source>Remo&amp;ve</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message id="toolbars-not-loaded">
+        <source>%1 (not loaded)</source>
+        <translation>%1 (nicht geladen)</translation>
+    </message>
+    <message id="toolbars-not-there">
+        <source>%1 (no longer in its package)</source>
+        <translation>%1 (nicht mehr in seinem Paket)</translation>
+    </message>
+    <message id="toolbars-commands">
+        <source>&amp;Commands</source>
+        <translation>&amp;Befehle</translation>
+    </message>
+    <message id="toolbars-search">
+        <source>Search commands</source>
+        <translation>Befehle suchen</translation>
+    </message>
+    <message id="toolbars-none-found">
+        <source>No command has that in its name.</source>
+        <translation>Kein Befehl hat das in seinem Namen.</translation>
+    </message>
+    <message id="toolbars-add">
+        <source>&amp;Add</source>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message id="toolbars-add-tip">
+        <source>Put the command on the toolbar, behind the current button</source>
+        <translation>Den Befehl auf die Symbolleiste setzen, hinter die aktuelle Schaltfläche</translation>
+    </message>
+    <message id="toolbars-undo">
+        <source>Und&amp;o</source>
+        <translation>Rückgän&amp;gig</translation>
+    </message>
+    <message id="toolbars-redo">
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message id="accelerators-title">
+        <source>Accelerators</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message id="accelerators-host">
+        <source>The program itself</source>
+        <translation>Das Programm selbst</translation>
+    </message>
+    <message id="accelerators-search">
+        <source>Search for commands and keys</source>
+        <translation>Befehle und Tasten suchen</translation>
+    </message>
+    <message id="accelerators-list">
+        <source>Commands and their keys</source>
+        <translation>Befehle und ihre Tasten</translation>
+    </message>
+    <message id="accelerators-key">
+        <source>Press to type new keys</source>
+        <translation>Drücken, um neue Tasten einzugeben</translation>
+    </message>
+    <message id="accelerators-clear">
+        <source>Take the keys away</source>
+        <translation>Tasten wegnehmen</translation>
+    </message>
+    <message id="accelerators-reset">
+        <source>&amp;Reset Command</source>
+        <translation>Befehl &amp;zurücksetzen</translation>
+    </message>
+    <message id="accelerators-reset-tip">
+        <source>Gives the chosen command the keys of its package</source>
+        <translation>Gibt dem gewählten Befehl die Tasten seines Pakets</translation>
+    </message>
+    <message id="accelerators-reset-all">
+        <source>Reset &amp;All</source>
+        <translation>&amp;Alle zurücksetzen</translation>
+    </message>
+    <message id="accelerators-reset-all-tip">
+        <source>Gives all of these commands the keys of their packages</source>
+        <translation>Gibt allen diesen Befehlen die Tasten ihrer Pakete</translation>
+    </message>
+    <message id="accelerators-import">
+        <source>&amp;Import...</source>
+        <translation>&amp;Importieren...</translation>
+    </message>
+    <message id="accelerators-import-tip">
+        <source>Replaces all changes by those of a file</source>
+        <translation>Ersetzt alle Änderungen durch die einer Datei</translation>
+    </message>
+    <message id="accelerators-export">
+        <source>&amp;Export...</source>
+        <translation>&amp;Exportieren...</translation>
+    </message>
+    <message id="accelerators-export-tip">
+        <source>Writes all changes to a file</source>
+        <translation>Schreibt alle Änderungen in eine Datei</translation>
+    </message>
+    <message id="accelerators-import-title">
+        <source>Import Keys</source>
+        <translation>Tasten importieren</translation>
+    </message>
+    <message id="accelerators-export-title">
+        <source>Export Keys</source>
+        <translation>Tasten exportieren</translation>
+    </message>
+    <message id="accelerators-files">
+        <source>Files of keys</source>
+        <translation>Dateien mit Tasten</translation>
+    </message>
+    <message id="accelerators-all-files">
+        <source>All files</source>
+        <translation>Alle Dateien</translation>
+    </message>
 </context>
 </TS>

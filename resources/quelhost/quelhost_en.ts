@@ -668,5 +668,581 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
         <source>%1 stays with %2 (%3); %4 (%5) does without it.</source>
         <translation>%1 stays with %2 (%3); %4 (%5) does without it.</translation>
     </message>
+    <message id="change-menus" numerus="yes">
+        <source>%n menus</source>
+        <translation><numerusform>%n menu</numerusform><numerusform>%n menus</numerusform></translation>
+    </message>
+    <message id="change-toolbars" numerus="yes">
+        <source>%n toolbars</source>
+        <translation><numerusform>%n toolbar</numerusform><numerusform>%n toolbars</numerusform></translation>
+    </message>
+    <message id="change-accelerators" numerus="yes">
+        <source>%n accelerators</source>
+        <translation><numerusform>%n accelerator</numerusform><numerusform>%n accelerators</numerusform></translation>
+    </message>
+    <message id="change-keys-stay" numerus="yes">
+        <source>%1 stay with %2</source>
+        <translation><numerusform>%1 stays with %2</numerusform><numerusform>%1 stay with %2</numerusform></translation>
+    </message>
+    <message id="change-keys-go" numerus="yes">
+        <source>%1 go to %2</source>
+        <translation><numerusform>%1 goes to %2</numerusform><numerusform>%1 go to %2</numerusform></translation>
+    </message>
+    <message id="change-nothing">
+        <source>no menus, toolbars or accelerators</source>
+        <translation>no menus, toolbars or accelerators</translation>
+    </message>
+    <message id="change-adds">
+        <source>adds %1</source>
+        <translation>adds %1</translation>
+    </message>
+    <message id="change-removes">
+        <source>removes %1</source>
+        <translation>removes %1</translation>
+    </message>
+    <message id="change-loaded">
+        <source>is loaded already</source>
+        <translation>is loaded already</translation>
+    </message>
+    <message id="change-name-taken">
+        <source>cannot be shown: its menu group %1 is that of %2</source>
+        <translation>cannot be shown: its menu group %1 is that of %2</translation>
+    </message>
+    <message id="customize-command">
+        <source>COMMAND</source>
+        <translation>COMMAND</translation>
+    </message>
+    <message id="customize-key">
+        <source>KEY</source>
+        <translation>KEY</translation>
+    </message>
+    <message id="customize-group">
+        <source>GROUP</source>
+        <translation>GROUP</translation>
+    </message>
+    <message id="customize-title">
+        <source>TITLE</source>
+        <translation>TITLE</translation>
+    </message>
+    <message id="customize-commands">
+        <source>COMMANDS</source>
+        <translation>COMMANDS</translation>
+    </message>
+    <message id="customize-no-keys">
+        <source>No command of the loaded menu groups has a key.</source>
+        <translation>No command of the loaded menu groups has a key.</translation>
+    </message>
+    <message id="customize-no-toolbars">
+        <source>There are no toolbars.</source>
+        <translation>There are no toolbars.</translation>
+    </message>
+    <message id="window-said-help">
+        <source>The rows can be selected and copied; the context menu copies one row or all.</source>
+        <translation>The rows can be selected and copied; the context menu copies one row or all.</translation>
+    </message>
+    <message id="window-line-help">
+        <source>Tab completes, Down goes into the suggestions, Up and Down go through earlier lines, Page Up and Page Down scroll the rows above.</source>
+        <translation>Tab completes, Down goes into the suggestions, Up and Down go through earlier lines, Page Up and Page Down scroll the rows above.</translation>
+    </message>
+    <message id="window-line-keywords">
+        <source>Shift+Tab goes to the keywords.</source>
+        <translation>Shift+Tab goes to the keywords.</translation>
+    </message>
+    <message id="window-suggestions">
+        <source>Suggestions</source>
+        <translation>Suggestions</translation>
+    </message>
+    <message id="window-keywords">
+        <source>Keywords</source>
+        <translation>Keywords</translation>
+    </message>
+    <message id="window-keyword">
+        <source>Answers with %1. Shift+Tab comes here from the line.</source>
+        <translation>Answers with %1. Shift+Tab comes here from the line.</translation>
+    </message>
+    <message id="window-keyword-by-enter">
+        <source>Answers with %1, as Enter alone does. Shift+Tab comes here from the line.</source>
+        <translation>Answers with %1, as Enter alone does. Shift+Tab comes here from the line.</translation>
+    </message>
+    <message id="window-copy">
+        <source>&amp;Copy</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message id="window-copy-row">
+        <source>Copy &amp;Line</source>
+        <translation>Copy &amp;Line</translation>
+    </message>
+    <message id="window-copy-all">
+        <source>Copy &amp;All</source>
+        <translation>Copy &amp;All</translation>
+    </message>
+    <message id="window-select-all">
+        <source>&amp;Select All</source>
+        <translation>&amp;Select All</translation>
+    </message>
+    <message id="window-loaded">
+        <source>What Is Loaded</source>
+        <translation>What Is Loaded</translation>
+    </message>
+    <message id="window-load-title">
+        <source>Load Customization File</source>
+        <translation>Load Customization File</translation>
+    </message>
+    <message id="window-load-filter">
+        <source>Customization files</source>
+        <translation>Customization files</translation>
+    </message>
+    <message id="window-not-kept">
+        <source>The place of the window could not be kept in %1.</source>
+        <translation>The place of the window could not be kept in %1.</translation>
+    </message>
+    <message id="host-menu">
+        <source>&amp;Quelhost</source>
+        <translation>&amp;Quelhost</translation>
+    </message>
+    <message id="host-menu-find">
+        <source>&amp;Find Command...</source>
+        <translation>&amp;Find Command...</translation>
+    </message>
+    <message id="host-menu-recent">
+        <source>&amp;Recent Files</source>
+        <translation>&amp;Recent Files</translation>
+    </message>
+    <message id="host-menu-loaded">
+        <source>What Is &amp;Loaded</source>
+        <translation>What Is &amp;Loaded</translation>
+    </message>
+    <message id="host-menu-command-line">
+        <source>&amp;Command Line</source>
+        <translation>&amp;Command Line</translation>
+    </message>
+    <message id="host-menu-toolbars">
+        <source>&amp;Toolbars</source>
+        <translation>&amp;Toolbars</translation>
+    </message>
+    <message id="host-menu-no-toolbars">
+        <source>There are no toolbars</source>
+        <translation>There are no toolbars</translation>
+    </message>
+    <message id="host-menu-quit">
+        <source>&amp;Quit</source>
+        <translation>&amp;Quit</translation>
+    </message>
+    <message id="recent-none">
+        <source>No file was loaded yet</source>
+        <translation>No file was loaded yet</translation>
+    </message>
+    <message id="recent-file">
+        <source>%1</source>
+        <translation>%1</translation>
+    </message>
+    <message id="recent-loaded">
+        <source>%1 (loaded)</source>
+        <translation>%1 (loaded)</translation>
+    </message>
+    <message id="recent-missing">
+        <source>%1 (missing)</source>
+        <translation>%1 (missing)</translation>
+    </message>
+    <message id="loaded-search">
+        <source>Search names, keys, macros and files</source>
+        <translation>Search names, keys, macros and files</translation>
+    </message>
+    <message id="loaded-load">
+        <source>&amp;Load...</source>
+        <translation>&amp;Load...</translation>
+    </message>
+    <message id="loaded-load-tip">
+        <source>Load a customization file with its menus, toolbars and keys</source>
+        <translation>Load a customization file with its menus, toolbars and keys</translation>
+    </message>
+    <message id="loaded-unload">
+        <source>&amp;Unload</source>
+        <translation>&amp;Unload</translation>
+    </message>
+    <message id="loaded-unload-none">
+        <source>Choose a group to unload</source>
+        <translation>Choose a group to unload</translation>
+    </message>
+    <message id="loaded-unload-tip">
+        <source>Unload %1: %2</source>
+        <translation>Unload %1: %2</translation>
+    </message>
+    <message id="loaded-main-file">
+        <source>The main customization file stays loaded</source>
+        <translation>The main customization file stays loaded</translation>
+    </message>
+    <message id="loaded-where">
+        <source>Show &amp;Where</source>
+        <translation>Show &amp;Where</translation>
+    </message>
+    <message id="loaded-where-tip">
+        <source>Show the command in its menu, on its toolbar or among the keys</source>
+        <translation>Show the command in its menu, on its toolbar or among the keys</translation>
+    </message>
+    <message id="loaded-where-none">
+        <source>Choose a command to see where it stands</source>
+        <translation>Choose a command to see where it stands</translation>
+    </message>
+    <message id="loaded-place-menu">
+        <source>Menu: %1</source>
+        <translation>Menu: %1</translation>
+    </message>
+    <message id="loaded-place-toolbar">
+        <source>Toolbar: %1</source>
+        <translation>Toolbar: %1</translation>
+    </message>
+    <message id="loaded-place-key">
+        <source>Key: %1</source>
+        <translation>Key: %1</translation>
+    </message>
+    <message id="loaded-place-none">
+        <source>In no menu, on no toolbar, without a key</source>
+        <translation>In no menu, on no toolbar, without a key</translation>
+    </message>
+    <message id="loaded-run">
+        <source>&amp;Run</source>
+        <translation>&amp;Run</translation>
+    </message>
+    <message id="loaded-copy-name">
+        <source>Copy &amp;Name</source>
+        <translation>Copy &amp;Name</translation>
+    </message>
+    <message id="loaded-copy-macro">
+        <source>Copy &amp;Macro</source>
+        <translation>Copy &amp;Macro</translation>
+    </message>
+    <message id="loaded-copy-path">
+        <source>Copy &amp;File Path</source>
+        <translation>Copy &amp;File Path</translation>
+    </message>
+    <message id="loaded-menus">
+        <source>Menus</source>
+        <translation>Menus</translation>
+    </message>
+    <message id="loaded-toolbars">
+        <source>Toolbars</source>
+        <translation>Toolbars</translation>
+    </message>
+    <message id="loaded-commands">
+        <source>Commands</source>
+        <translation>Commands</translation>
+    </message>
+    <message id="loaded-keys">
+        <source>Keys</source>
+        <translation>Keys</translation>
+    </message>
+    <message id="loaded-separator">
+        <source>(separator)</source>
+        <translation>(separator)</translation>
+    </message>
+    <message id="loaded-key-lost">
+        <source>%1 (stays with %2)</source>
+        <translation>%1 (stays with %2)</translation>
+    </message>
+    <message id="loaded-file-missing">
+        <source>%1 (missing)</source>
+        <translation>%1 (missing)</translation>
+    </message>
+    <message id="loaded-file-refused">
+        <source>%1 (not shown)</source>
+        <translation>%1 (not shown)</translation>
+    </message>
+    <message id="loaded-missing-tip">
+        <source>The file is missing. Its entry leaves the list when another file is unloaded.</source>
+        <translation>The file is missing. Its entry leaves the list when another file is unloaded.</translation>
+    </message>
+    <message id="loaded-refused-tip">
+        <source>The file could not be shown; why was said at the command line.</source>
+        <translation>The file could not be shown; why was said at the command line.</translation>
+    </message>
+    <message id="loaded-column-name">
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message id="loaded-column-keys">
+        <source>Keys</source>
+        <translation>Keys</translation>
+    </message>
+    <message id="loaded-column-detail">
+        <source>Macro or File</source>
+        <translation>Macro or File</translation>
+    </message>
+    <message id="palette-name">
+        <source>Find Command</source>
+        <translation>Find Command</translation>
+    </message>
+    <message id="palette-commands">
+        <source>Commands</source>
+        <translation>Commands</translation>
+    </message>
+    <message id="palette-aliases">
+        <source>Aliases</source>
+        <translation>Aliases</translation>
+    </message>
+    <message id="customize-changed">
+        <source>CHANGED</source>
+        <translation>CHANGED</translation>
+    </message>
+    <message id="customize-yes">
+        <source>yes</source>
+        <translation>yes</translation>
+    </message>
+    <message id="customize-no">
+        <source>no</source>
+        <translation>no</translation>
+    </message>
+    <message id="customize-none">
+        <source>none</source>
+        <translation>none</translation>
+    </message>
+    <message id="customize-own">
+        <source>(yours)</source>
+        <translation>(yours)</translation>
+    </message>
+    <message id="customize-hidden">
+        <source>hidden</source>
+        <translation>hidden</translation>
+    </message>
+    <message id="customize-deleted">
+        <source>deleted</source>
+        <translation>deleted</translation>
+    </message>
+    <message id="customization-unreadable">
+        <source>The setting %1 cannot be understood and is not used.</source>
+        <translation>The setting %1 cannot be understood and is not used.</translation>
+    </message>
+    <message id="keyfile-no-keys">
+        <source>This is not a file of keys: its first line has to be "quelhost keys 1".</source>
+        <translation>This is not a file of keys: its first line has to be "quelhost keys 1".</translation>
+    </message>
+    <message id="keyfile-not-utf8">
+        <source>This line is not valid UTF-8.</source>
+        <translation>This line is not valid UTF-8.</translation>
+    </message>
+    <message id="keyfile-bad-line">
+        <source>This line is not a menu group, a command and keys with a tab between them.</source>
+        <translation>This line is not a menu group, a command and keys with a tab between them.</translation>
+    </message>
+    <message id="keyfile-bad-keys">
+        <source>"%1" names no keys, or the same ones twice.</source>
+        <translation>"%1" names no keys, or the same ones twice.</translation>
+    </message>
+    <message id="keyfile-twice">
+        <source>The keys of command %2 of menu group %1 stand in line %3 already.</source>
+        <translation>The keys of command %2 of menu group %1 stand in line %3 already.</translation>
+    </message>
+    <message id="loaded-own-toolbars">
+        <source>Your Toolbars</source>
+        <translation>Your Toolbars</translation>
+    </message>
+    <message id="toolbars-title">
+        <source>Customize Toolbars</source>
+        <translation>Customize Toolbars</translation>
+    </message>
+    <message id="toolbars-list">
+        <source>&amp;Toolbars</source>
+        <translation>&amp;Toolbars</translation>
+    </message>
+    <message id="toolbars-new">
+        <source>&amp;New</source>
+        <translation>&amp;New</translation>
+    </message>
+    <message id="toolbars-rename">
+        <source>Rena&amp;me</source>
+        <translation>Rena&amp;me</translation>
+    </message>
+    <message id="toolbars-delete">
+        <source>&amp;Delete</source>
+        <translation>&amp;Delete</translation>
+    </message>
+    <message id="toolbars-reset">
+        <source>R&amp;eset</source>
+        <translation>R&amp;eset</translation>
+    </message>
+    <message id="toolbars-reset-tip">
+        <source>Make the toolbar what its package has</source>
+        <translation>Make the toolbar what its package has</translation>
+    </message>
+    <message id="toolbars-reset-same">
+        <source>The toolbar is what its package has</source>
+        <translation>The toolbar is what its package has</translation>
+    </message>
+    <message id="toolbars-reset-own">
+        <source>Your own toolbar has no package to go back to</source>
+        <translation>Your own toolbar has no package to go back to</translation>
+    </message>
+    <message id="toolbars-reset-all">
+        <source>Reset A&amp;ll</source>
+        <translation>Reset A&amp;ll</translation>
+    </message>
+    <message id="toolbars-reset-all-tip">
+        <source>Make all toolbars what their packages have; your own stay</source>
+        <translation>Make all toolbars what their packages have; your own stay</translation>
+    </message>
+    <message id="toolbars-shown-tip">
+        <source>Ticked: shown in the window</source>
+        <translation>Ticked: shown in the window</translation>
+    </message>
+    <message id="toolbars-own">
+        <source>your own</source>
+        <translation>your own</translation>
+    </message>
+    <message id="toolbars-changed">
+        <source>changed</source>
+        <translation>changed</translation>
+    </message>
+    <message id="toolbars-new-title">
+        <source>New toolbar</source>
+        <translation>New toolbar</translation>
+    </message>
+    <message id="toolbars-name">
+        <source>Name of the toolbar</source>
+        <translation>Name of the toolbar</translation>
+    </message>
+    <message id="toolbars-name-needed">
+        <source>A toolbar needs a name; this one keeps its own.</source>
+        <translation>A toolbar needs a name; this one keeps its own.</translation>
+    </message>
+    <message id="toolbars-name-taken">
+        <source>Another toolbar has that name; this one is called "%1".</source>
+        <translation>Another toolbar has that name; this one is called "%1".</translation>
+    </message>
+    <message id="toolbars-deleted-hint">
+        <source>This toolbar is deleted. A tick or Reset brings it back.</source>
+        <translation>This toolbar is deleted. A tick or Reset brings it back.</translation>
+    </message>
+    <message id="toolbars-buttons">
+        <source>&amp;Buttons</source>
+        <translation>&amp;Buttons</translation>
+    </message>
+    <message id="toolbars-buttons-of">
+        <source>Buttons of %1</source>
+        <translation>Buttons of %1</translation>
+    </message>
+    <message id="toolbars-up">
+        <source>&amp;Up</source>
+        <translation>&amp;Up</translation>
+    </message>
+    <message id="toolbars-down">
+        <source>Do&amp;wn</source>
+        <translation>Do&amp;wn</translation>
+    </message>
+    <message id="toolbars-separator">
+        <source>&amp;Separator</source>
+        <translation>&amp;Separator</translation>
+    </message>
+    <message id="toolbars-remove">
+        <source>Remo&amp;ve</source>
+        <translation>Remo&amp;ve</translation>
+    </message>
+    <message id="toolbars-not-loaded">
+        <source>%1 (not loaded)</source>
+        <translation>%1 (not loaded)</translation>
+    </message>
+    <message id="toolbars-not-there">
+        <source>%1 (no longer in its package)</source>
+        <translation>%1 (no longer in its package)</translation>
+    </message>
+    <message id="toolbars-commands">
+        <source>&amp;Commands</source>
+        <translation>&amp;Commands</translation>
+    </message>
+    <message id="toolbars-search">
+        <source>Search commands</source>
+        <translation>Search commands</translation>
+    </message>
+    <message id="toolbars-none-found">
+        <source>No command has that in its name.</source>
+        <translation>No command has that in its name.</translation>
+    </message>
+    <message id="toolbars-add">
+        <source>&amp;Add</source>
+        <translation>&amp;Add</translation>
+    </message>
+    <message id="toolbars-add-tip">
+        <source>Put the command on the toolbar, behind the current button</source>
+        <translation>Put the command on the toolbar, behind the current button</translation>
+    </message>
+    <message id="toolbars-undo">
+        <source>Und&amp;o</source>
+        <translation>Und&amp;o</translation>
+    </message>
+    <message id="toolbars-redo">
+        <source>&amp;Redo</source>
+        <translation>&amp;Redo</translation>
+    </message>
+    <message id="accelerators-title">
+        <source>Accelerators</source>
+        <translation>Accelerators</translation>
+    </message>
+    <message id="accelerators-host">
+        <source>The program itself</source>
+        <translation>The program itself</translation>
+    </message>
+    <message id="accelerators-search">
+        <source>Search for commands and keys</source>
+        <translation>Search for commands and keys</translation>
+    </message>
+    <message id="accelerators-list">
+        <source>Commands and their keys</source>
+        <translation>Commands and their keys</translation>
+    </message>
+    <message id="accelerators-key">
+        <source>Press to type new keys</source>
+        <translation>Press to type new keys</translation>
+    </message>
+    <message id="accelerators-clear">
+        <source>Take the keys away</source>
+        <translation>Take the keys away</translation>
+    </message>
+    <message id="accelerators-reset">
+        <source>&amp;Reset Command</source>
+        <translation>&amp;Reset Command</translation>
+    </message>
+    <message id="accelerators-reset-tip">
+        <source>Gives the chosen command the keys of its package</source>
+        <translation>Gives the chosen command the keys of its package</translation>
+    </message>
+    <message id="accelerators-reset-all">
+        <source>Reset &amp;All</source>
+        <translation>Reset &amp;All</translation>
+    </message>
+    <message id="accelerators-reset-all-tip">
+        <source>Gives all of these commands the keys of their packages</source>
+        <translation>Gives all of these commands the keys of their packages</translation>
+    </message>
+    <message id="accelerators-import">
+        <source>&amp;Import...</source>
+        <translation>&amp;Import...</translation>
+    </message>
+    <message id="accelerators-import-tip">
+        <source>Replaces all changes by those of a file</source>
+        <translation>Replaces all changes by those of a file</translation>
+    </message>
+    <message id="accelerators-export">
+        <source>&amp;Export...</source>
+        <translation>&amp;Export...</translation>
+    </message>
+    <message id="accelerators-export-tip">
+        <source>Writes all changes to a file</source>
+        <translation>Writes all changes to a file</translation>
+    </message>
+    <message id="accelerators-import-title">
+        <source>Import Keys</source>
+        <translation>Import Keys</translation>
+    </message>
+    <message id="accelerators-export-title">
+        <source>Export Keys</source>
+        <translation>Export Keys</translation>
+    </message>
+    <message id="accelerators-files">
+        <source>Files of keys</source>
+        <translation>Files of keys</translation>
+    </message>
+    <message id="accelerators-all-files">
+        <source>All files</source>
+        <translation>All files</translation>
+    </message>
 </context>
 </TS>

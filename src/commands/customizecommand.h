@@ -9,6 +9,7 @@ public:
     static constexpr unsigned int kClassNumber = 60005;
     static constexpr wchar_t kGlobalName[] = L"CUSTOMIZE";
 
-    // Completes normally without doing anything yet.
+    // Returns the status of the editor when one was opened. Otherwise 5100, on purpose also when
+    // the user cancelled the question.
     int execute(IQuelBuildInCommandContext* context) override;
 };

@@ -1,7 +1,8 @@
 #include "refhost/console/cellstream.h"
 #include "refhost/console/celltext.h"
 #include "refhost/console/textcolumns.h"
-#include "refhost/console/utf8locale.h"
+#include "refhost/core/cellwidth.h"
+#include "refhost/core/utf8locale.h"
 #include "tests/support/pipe.h"
 
 #include <gtest/gtest.h>

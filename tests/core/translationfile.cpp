@@ -10,19 +10,34 @@ namespace quelhost::test {
 
 namespace {
 
+// The text of a <translation>; of one with forms, the last one, which is for many.
+std::string readTranslation(QXmlStreamReader& xml)
+{
+    std::string text;
+    while (xml.readNext() != QXmlStreamReader::EndElement) {
+        if (xml.isCharacters())
+            text += xml.text().toString().toStdString();
+        else if (xml.isStartElement())
+            text = xml.readElementText().trimmed().toStdString();
+        if (xml.hasError() || xml.atEnd())
+            break;
+    }
+    return text;
+}
+
 TranslationEntry readMessage(QXmlStreamReader& xml)
 {
     TranslationEntry entry;
     entry.id = xml.attributes().value(QLatin1String("id")).toString().toStdString();
+    entry.hasForms = xml.attributes().hasAttribute(QLatin1String("numerus"));
     while (xml.readNextStartElement()) {
         const bool isText = xml.name() == QLatin1String("translation");
         if (isText)
             entry.finished = !xml.attributes().hasAttribute(QLatin1String("type"));
-        const std::string text = xml.readElementText().toStdString();
         if (isText)
-            entry.text = text;
+            entry.text = readTranslation(xml);
         else
-            entry.source = text;
+            entry.source = xml.readElementText().toStdString();
     }
     return entry;
 }

@@ -14,7 +14,8 @@ struct TranslationEntry
 {
     std::string id;
     std::string source; // the English or default text
-    std::string text;
+    std::string text;   // of one with a form for each number, the form for many
+    bool hasForms = false;
     bool finished = true;
 };
 

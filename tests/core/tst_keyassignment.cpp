@@ -28,7 +28,7 @@ std::string text(const GroupKey& key)
 std::string working(const std::vector<ShownGroup>& groups)
 {
     std::string result;
-    for (const GroupKey& key : assignKeys(groups).working)
+    for (const GroupKey& key : assignKeys({}, groups).working)
         result += text(key) + "\n";
     return result;
 }
@@ -36,7 +36,7 @@ std::string working(const std::vector<ShownGroup>& groups)
 std::string lost(const std::vector<ShownGroup>& groups)
 {
     std::string result;
-    for (const LostKey& key : assignKeys(groups).lost)
+    for (const LostKey& key : assignKeys({}, groups).lost)
         result += text(key.wanted) + " < " + text(key.kept) + "\n";
     return result;
 }
@@ -78,4 +78,16 @@ TEST(KeyAssignment, WithinAGroupTheFirstKeeps)
     const ShownGroup twice = group("TWICE", {{"a", "F2"}, {"b", "F2"}, {"a", "F3"}});
     EXPECT_EQ(working({twice}), "F2 TWICE.a\nF3 TWICE.a\n");
     EXPECT_EQ(lost({twice}), "F2 TWICE.b < F2 TWICE.a\n");
+}
+
+TEST(KeyAssignment, LeavesTheHostItsOwnKeys)
+{
+    const std::vector<GroupKey> own{
+        {QStringLiteral("Host"), QStringLiteral("find"), QKeySequence(Qt::CTRL + Qt::Key_K)}};
+    const KeyAssignment keys = assignKeys(own, {kPlant});
+    ASSERT_EQ(keys.working.size(), 1U);
+    EXPECT_EQ(text(keys.working[0]), "Ctrl+Shift+P PLANT.pipe");
+    ASSERT_EQ(keys.lost.size(), 1U);
+    EXPECT_EQ(text(keys.lost[0].wanted), "Ctrl+K PLANT.pump");
+    EXPECT_EQ(text(keys.lost[0].kept), "Ctrl+K Host.find");
 }

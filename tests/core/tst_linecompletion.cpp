@@ -31,6 +31,20 @@ struct Case
     bool found = true;
 };
 
+struct SuggestionCase
+{
+    const char* name;
+    Completion completion;
+    const char* typed;
+    const char* whileTyping; // "TEXT=LINE", separated by "|"
+    const char* onDemand;    // likewise; null where it is the same
+};
+
+void PrintTo(const SuggestionCase& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
 void PrintTo(const Case& row, std::ostream* stream)
 {
     *stream << row.name;
@@ -43,7 +57,8 @@ const QStringList& words()
     return list;
 }
 
-class Completed : public testing::TestWithParam<Case>
+// A folder of files as the current one.
+class InFolder : public testing::Test
 {
 protected:
     void SetUp() override
@@ -64,6 +79,9 @@ protected:
     const QString m_before = QDir::currentPath();
     QTemporaryDir m_folder;
 };
+
+class Completed : public InFolder, public testing::WithParamInterface<Case>
+{};
 
 TEST_P(Completed, IsTheLine)
 {
@@ -204,6 +222,83 @@ TEST(ExpectedFiles, OthersAreFoundWhenNoneFits)
     const LineRequest request{L"", Completion::Paths, {text("/site/pump.cuix")}};
     EXPECT_EQ(completeLine(folder.filePath(text("oth")), false, request).beforeCursor,
               folder.filePath(text("other.cuix")));
+}
+
+class Suggested : public InFolder, public testing::WithParamInterface<SuggestionCase>
+{
+public:
+    static QString shown(const SuggestionCase& row, quelhost::Suggest when)
+    {
+        const bool isPath = row.completion == Completion::Paths;
+        const LineRequest request{L"", row.completion,
+                                  isPath ? QStringList{text("/site/Plan.cuix")} : words()};
+        QStringList all;
+        for (const auto& [shown, line] :
+             quelhost::suggestLines(text(row.typed), false, request, when))
+            all += shown + QLatin1Char('=') + line;
+        return all.join(QLatin1Char('|'));
+    }
+};
+
+TEST_P(Suggested, AreTheWaysToGoOn)
+{
+    const SuggestionCase& row = GetParam();
+    EXPECT_EQ(shown(row, quelhost::Suggest::WhileTyping), text(row.whileTyping));
+    EXPECT_EQ(shown(row, quelhost::Suggest::OnDemand),
+              text(row.onDemand != nullptr ? row.onDemand : row.whileTyping));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Words, Suggested,
+    testing::Values(
+        SuggestionCase{"Several", kCommands, "menu", "MENULOAD=MENULOAD |MENUUNLOAD=MENUUNLOAD ",
+                       nullptr},
+        SuggestionCase{"One", kCommands, "menuu", "MENUUNLOAD=MENUUNLOAD ", nullptr},
+        SuggestionCase{"Whole", kCommands, "echo", "", "ECHO=ECHO "},
+        SuggestionCase{"Quoted", kKeywords, "\"menü", "Menü laden=\"Menü laden\" ", nullptr},
+        SuggestionCase{"NotBegun", kKeywords, "", "",
+                       "ECHO=ECHO |Größe=Größe |MENULOAD=MENULOAD |MENUUNLOAD=MENUUNLOAD "
+                       "|Menü laden=\"Menü laden\" "},
+        SuggestionCase{"None", kCommands, "x", "", nullptr},
+        SuggestionCase{"SecondWordOfKeywords", kKeywords, "ECHO e", "", nullptr},
+        SuggestionCase{"NothingToComplete", Completion::Nothing, "ec", "", nullptr}),
+    rowName);
+
+INSTANTIATE_TEST_SUITE_P(
+    Paths, Suggested,
+    testing::Values(
+        SuggestionCase{"Expected", kPaths, "plan", "/site/Plan.cuix=/site/Plan.cuix", nullptr},
+        SuggestionCase{"ExpectedWhole", kPaths, "/site/Plan.cuix", "",
+                       "/site/Plan.cuix=/site/Plan.cuix"},
+        SuggestionCase{"InAFolder", kPaths, "./pl", "plans.scr=./plans.scr|plant.cuix=./plant.cuix",
+                       nullptr},
+        SuggestionCase{"FolderStaysOpen", kPaths, "m", "my plans/=\"my plans/", nullptr},
+        SuggestionCase{"FileIsClosed", kPaths, "my plans/", "site.cuix=\"my plans/site.cuix\"",
+                       nullptr},
+        SuggestionCase{"Whole", kPaths, "drawings/pump.cuix", "", "pump.cuix=drawings/pump.cuix"},
+        SuggestionCase{"ClosedQuotes", kPaths, "\"plant.cuix\"", "", nullptr},
+        SuggestionCase{"BehindACommand", kCommands, "MENULOAD pla", "",
+                       "plans.scr=MENULOAD plans.scr|plant.cuix=MENULOAD plant.cuix"},
+        SuggestionCase{"BehindACommandWithASlash", kCommands, "MENULOAD ./dr",
+                       "drawings/=MENULOAD ./drawings/", nullptr},
+        SuggestionCase{"TildeAlone", kPaths, "~", "", nullptr}),
+    rowName);
+
+TEST(Suggestions, DoNotLookThroughAHugeFolderAtEveryKey)
+{
+    const QTemporaryDir folder;
+    for (int i = 0; i < 10001; ++i) {
+        QFile file(folder.filePath(QString::number(i)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    const LineRequest request{L"", Completion::Paths, {}};
+    const auto count = [&](quelhost::Suggest when) {
+        return quelhost::suggestLines(folder.filePath(text("99")), false, request, when).size();
+    };
+    EXPECT_EQ(count(quelhost::Suggest::WhileTyping), 0U);
+    EXPECT_EQ(count(quelhost::Suggest::OnDemand), 111U);
+    ASSERT_TRUE(QFile::remove(folder.filePath(text("0"))));
+    EXPECT_EQ(count(quelhost::Suggest::WhileTyping), 111U);
 }
 
 } // namespace

@@ -67,7 +67,8 @@ TEST(PackageCheck, tellsOfEachFileInTurn)
         {"a good one",
          {plant},
          "plant %1.cuix: good: menu group \"PLANT\", commands: 3, menus: 2, toolbars: 1, "
-         "accelerators: 4",
+         "accelerators: 4\n"
+         "plant %1.cuix: adds 2 menus, 1 toolbar, 4 accelerators",
          true},
         {"a bad one",
          {bad},
@@ -80,20 +81,54 @@ TEST(PackageCheck, tellsOfEachFileInTurn)
          {plant, none, small},
          "plant %1.cuix: good: menu group \"PLANT\", commands: 3, menus: 2, toolbars: 1, "
          "accelerators: 4\n"
+         "plant %1.cuix: adds 2 menus, 1 toolbar, 4 accelerators\n"
          "none.cuix: There is no such file.\n"
-         "small.cuix: good: menu group \"G\", commands: 0, menus: 0, toolbars: 0, accelerators: 0",
+         "small.cuix: good: menu group \"G\", commands: 0, menus: 0, toolbars: 0, accelerators: 0\n"
+         "small.cuix: adds no menus, toolbars or accelerators",
          false},
         {"two good ones",
          {small, small},
          "small.cuix: good: menu group \"G\", commands: 0, menus: 0, toolbars: 0, accelerators: 0\n"
-         "small.cuix: good: menu group \"G\", commands: 0, menus: 0, toolbars: 0, accelerators: 0",
+         "small.cuix: adds no menus, toolbars or accelerators\n"
+         "small.cuix: good: menu group \"G\", commands: 0, menus: 0, toolbars: 0, accelerators: 0\n"
+         "small.cuix: is loaded already",
          true},
     };
     for (const Row& row : rows) {
-        const PackageCheck check = checkPackages(row.paths);
+        const PackageCheck check = checkPackages(row.paths, {});
         EXPECT_EQ(printed(check, dir), row.printed) << row.name;
         EXPECT_EQ(check.allGood, row.allGood) << row.name;
     }
+}
+
+TEST(PackageCheck, tellsWhatLoadingChangesBesideWhatIsLoaded)
+{
+    const QTemporaryDir dir;
+    const QString plant = dir.filePath(QStringLiteral("plant.cuix"));
+    ASSERT_TRUE(writeFile(plant, packageOf(kPlant)));
+    MenuGroup survey;
+    survey.name = QStringLiteral("SURVEY");
+    survey.accelerators = {{QStringLiteral("s"), QKeySequence(Qt::Key_F2)},
+                           {QStringLiteral("s"), QKeySequence(Qt::Key_F4)},
+                           {QStringLiteral("s"), QKeySequence(Qt::Key_F5)}};
+    const PackageCheck check = checkPackages({plant}, {{L"/t/survey.cuix", survey, false}});
+    ASSERT_EQ(check.lines.size(), 2);
+    EXPECT_EQ(check.lines.at(1), plant + QStringLiteral(": adds 2 menus, 1 toolbar, 2 accelerators;"
+                                                        " F2, F4 stay with SURVEY"));
+}
+
+TEST(PackageCheck, tellsOfAGroupThatCannotBeShown)
+{
+    const QTemporaryDir dir;
+    const QString first = dir.filePath(QStringLiteral("first.cuix"));
+    const QString second = dir.filePath(QStringLiteral("second.cuix"));
+    ASSERT_TRUE(writeFile(first, packageOf(kPlant)));
+    ASSERT_TRUE(writeFile(second, packageOf(kPlant)));
+    const PackageCheck check = checkPackages({first, second}, {});
+    EXPECT_TRUE(check.allGood); // the file itself is
+    ASSERT_EQ(check.lines.size(), 4);
+    EXPECT_EQ(check.lines.at(3),
+              second + QStringLiteral(": cannot be shown: its menu group PLANT is that of ") + first);
 }
 
 TEST(PackageCheck, findsTheExamplesGood)
@@ -103,6 +138,6 @@ TEST(PackageCheck, findsTheExamplesGood)
     for (const QString& name : examples.entryList({QStringLiteral("*.cuix")}))
         paths.push_back(examples.filePath(name));
     EXPECT_GE(paths.size(), 3);
-    const PackageCheck check = checkPackages(paths);
+    const PackageCheck check = checkPackages(paths, {});
     EXPECT_TRUE(check.allGood) << check.lines.join(QLatin1Char('\n')).toStdString();
 }

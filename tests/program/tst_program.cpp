@@ -117,11 +117,25 @@ TEST_F(Program, ChecksPackages)
     const ProgramResult good = runWith({text("--check"), plant, ProgramFolders::example("queld"),
                                         ProgramFolders::example("survey")});
     EXPECT_EQ(good.exitStatus, 0);
-    EXPECT_EQ(good.output.count(QLatin1Char('\n')), 3);
+    EXPECT_EQ(good.output.count(QLatin1Char('\n')), 6);
+    EXPECT_TRUE(good.output.contains(text("; Ctrl+Shift+P stays with PLANT\n")));
     const ProgramResult bad = runWith({text("--check"), plant, junk});
     EXPECT_EQ(bad.exitStatus, 1);
     EXPECT_TRUE(bad.output.contains(junk + text(": ")));
     EXPECT_FALSE(QFileInfo::exists(folders.profile()));
+}
+
+TEST_F(Program, ChecksPackagesBesideWhatAProfileHasLoaded)
+{
+    const QStringList profile{text("--profile"), folders.profile()};
+    runWith(profile + QStringList{text("--script"), text("-"), plant});
+    const ProgramResult result =
+        runWith(profile + QStringList{text("--check"), ProgramFolders::example("survey"), plant});
+    EXPECT_EQ(result.exitStatus, 0);
+    EXPECT_TRUE(result.output.contains(text("; Ctrl+Shift+P stays with PLANT\n")))
+        << result.output.toStdString();
+    EXPECT_TRUE(result.output.endsWith(plant + text(": is loaded already\n")))
+        << result.output.toStdString();
 }
 
 TEST_F(Program, RefusesAScriptThatCannotBeRead)

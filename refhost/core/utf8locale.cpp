@@ -1,4 +1,4 @@
-#include "refhost/console/utf8locale.h"
+#include "refhost/core/utf8locale.h"
 
 namespace quelhost {
 
