@@ -44,8 +44,8 @@ QByteArray largePackage()
     for (int i = 0; i < kCommands; ++i) {
         const QByteArray number = QByteArray::number(i);
         commands += "<command id=\"c" + number + "\" text=\"Command " + number +
-                    "\" tip=\"Does what command " + number +
-                    " does\" macro=\"{cancel}ECHO " + number + "\"/>";
+                    "\" tip=\"Does what command " + number + " does\" macro=\"{cancel}ECHO " +
+                    number + "\"/>";
     }
     QByteArray menus;
     for (int i = 0; i < kMenus; ++i) {
@@ -59,9 +59,8 @@ QByteArray largePackage()
         toolbars += "<toolbar id=\"t" + number + "\" text=\"Toolbar " + number + "\">" +
                     items(i * kOnToolbar, kOnToolbar) + "</toolbar>";
     }
-    return packages::packageOf(packages::customization(section("commands", commands) +
-                                                       section("menus", menus) +
-                                                       section("toolbars", toolbars)));
+    return packages::packageOf(packages::customization(
+        section("commands", commands) + section("menus", menus) + section("toolbars", toolbars)));
 }
 
 ShownGroup mainGroup()

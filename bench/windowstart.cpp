@@ -38,11 +38,10 @@ int main(int argc, char** argv)
     // The first start makes the profile.
     if (QProcess::execute(QStringLiteral(QUELHOST_PROGRAM), window) != 0)
         return 1;
-    ratios::Comparison start{"startOfTheWindow",
-                             starts(QStringLiteral(QUELHOST_PROGRAM), [&] { return window; }),
-                             "an empty window with the same libraries",
-                             starts(QStringLiteral(QUEL_BARE_WINDOW), [] { return QStringList(); }),
-                             1 / 1.5};
+    ratios::Comparison start{
+        "startOfTheWindow", starts(QStringLiteral(QUELHOST_PROGRAM), [&] { return window; }),
+        "an empty window with the same libraries",
+        starts(QStringLiteral(QUEL_BARE_WINDOW), [] { return QStringList(); }), 1 / 1.5};
     start.isTimedByHand = true;
     return ratios::run(argc, argv, {start});
 }

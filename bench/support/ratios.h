@@ -22,8 +22,8 @@ struct Comparison
     // How many times as fast as the other the work is to be at least: 20 for "twenty times faster",
     // 0.9 for "nine tenths of its throughput", 1 / 1.5 for "at most one and a half times its time".
     double leastSpeed;
-    // Both works say themselves how long each round took (SetIterationTime), because other processes
-    // do what is measured. Otherwise this process's processor time counts.
+    // Both works say themselves how long each round took (SetIterationTime), because other
+    // processes do what is measured. Otherwise this process's processor time counts.
     bool isTimedByHand = false;
 };
 

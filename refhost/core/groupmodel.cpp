@@ -38,9 +38,8 @@ QString keysText(const std::vector<GroupKey>& keys, const char* id)
 
 std::size_t countOf(const std::vector<GroupKey>& keys, const QString& group)
 {
-    return static_cast<std::size_t>(
-        std::count_if(keys.begin(), keys.end(),
-                      [&group](const GroupKey& key) { return key.group == group; }));
+    return static_cast<std::size_t>(std::count_if(
+        keys.begin(), keys.end(), [&group](const GroupKey& key) { return key.group == group; }));
 }
 
 std::vector<EffectiveToolbar> seenToolbars(const std::vector<ShownGroup>& groups,

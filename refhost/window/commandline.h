@@ -2,23 +2,38 @@
 // being typed.
 #pragma once
 
+#include "refhost/core/linecompletion.h"
 #include "refhost/core/linehistory.h"
 #include "refhost/core/linesource.h"
+#include "refhost/core/output.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <optional>
 
 class QKeyEvent;
 class QLineEdit;
-class QPlainTextEdit;
 
 namespace quelhost {
 
+class KeywordButtons;
 class PromptLabel;
+class SaidRows;
+class SuggestionList;
 
-// Enter hands the line over, Up and Down go through the history, Tab completes, and Ctrl+C cancels
-// where nothing is selected that it could copy.
+// Enter always hands over the line as it stands in sight. Up and Down go through the history, Page
+// Up and Page Down through the rows above, and Ctrl+C cancels where nothing is selected that it
+// could copy.
+//
+// While a word is typed a list shows what it can be completed to. It leaves Enter and Up alone.
+// Down goes into it, and from then on Down, Up, Tab and Shift+Tab go from one suggestion to the
+// next, each of which stands in the line at once; typing goes on behind it, Right looks into a
+// folder, and a click takes one. Tab completes as far as only one text is possible, shows the list
+// where there are several, and goes into it when there is nothing to add. Esc closes the list and
+// brings back what was typed; only when no list is open it is left to the window, to cancel.
+//
+// At a prompt for a keyword there is a button for each, which Shift+Tab goes to.
 class CommandLine final : public QWidget
 {
     Q_OBJECT
@@ -26,9 +41,10 @@ class CommandLine final : public QWidget
 public:
     // What is remembered is kept in `historyFile`; an empty name keeps it for this run only.
     explicit CommandLine(const QString& historyFile, QWidget* parent = nullptr);
+    ~CommandLine() override;
 
     // Adds to what was said, as it stands.
-    void append(const QString& text);
+    void append(const QString& text, TextKind kind = TextKind::Said);
 
     // Shows a prompt, of which the last row stands beside the line. A line that was begun stays.
     void ask(const LineRequest& request);
@@ -39,6 +55,8 @@ public:
     void dropLine();
     // Puts a line into the history.
     void remember(const std::wstring& line);
+    // Why the history is not kept, as a sentence for the user, once; empty when it is.
+    [[nodiscard]] QString takeHistoryProblem() { return m_history.takeProblem(); }
 
     // Puts the keyboard focus into the line.
     void focusLine();
@@ -50,23 +68,48 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    // A line and where the cursor stands in it.
+    struct Begun
+    {
+        QString text;
+        int cursor = 0;
+    };
+
+    void arrange();
+    void useFixedFont();
+    void showKeywords();
+    [[nodiscard]] bool lineEvent(QEvent* event);
     void copyOrCancel(const QKeyEvent& key);
-    bool handleKey(int key);
-    bool passToLine(const QKeyEvent& key);
+    [[nodiscard]] bool takesBeforeOthers(const QKeyEvent& key) const;
+    [[nodiscard]] bool handleKey(const QKeyEvent& key);
+    [[nodiscard]] bool handleListKey(int key);
+    [[nodiscard]] bool passToLine(const QKeyEvent& key);
     void enter();
-    void tellHistoryProblem();
+    void answer(const QString& keyword);
     void recall(int step);
     void complete();
+    void suggest(Suggest when);
+    void stepSuggestion(int by);
+    void showSuggestion();
+    void takeSuggestion();
+    void closeSuggestions();
+    [[nodiscard]] Begun begun() const;
+    void setLine(const QString& beforeCursor, const QString& behind);
 
-    QPlainTextEdit* const m_said;
+    SaidRows* const m_said;
+    KeywordButtons* const m_keywords;
     PromptLabel* const m_prompt;
     QLineEdit* const m_line;
+    QPointer<SuggestionList> m_suggestions; // lies in the window while it is open
     LineHistory m_history;
     std::optional<LineRequest> m_request;
     std::size_t m_recalled = 0; // how far back in the history; 0 for the line being typed
     QString m_typed;            // that line, while the history is looked at
+    Begun m_begun;              // what the suggestions are for
 };
 
 } // namespace quelhost

@@ -1,45 +1,39 @@
 // The menus of the loaded menu groups in the menu bar.
 #pragma once
 
-#include "refhost/core/macro.h"
 #include "refhost/window/groupobjects.h"
 
 #include <QMenu>
 #include <QMenuBar>
-#include <QObject>
 
 #include <vector>
 
 namespace quelhost {
 
+class GroupActions;
+
 // Keeps the menu bar as the groups stand: a group that stays keeps its menus, one that goes takes
-// all of its objects with it.
-class GroupMenus final : public QObject
+// all of its objects with it. Menus are named "GROUP/ID".
+class GroupMenus final
 {
-    Q_OBJECT
-
 public:
-    // REQUIRES: the menu bar outlives this object and has no other menus.
-    explicit GroupMenus(QMenuBar& bar);
-    ~GroupMenus() override;
+    // The menus stand behind those that the bar has already.
+    // REQUIRES: both outlive this object.
+    GroupMenus(QMenuBar& bar, const GroupActions& actions);
 
+    // REQUIRES: the actions show these groups.
     void show(const std::vector<ShownGroup>& groups);
 
-    // While a command asks, only the items that begin with a cancel can be chosen; the others say
-    // why not.
-    void setCommandAsking(bool asking);
-
-signals:
-    void chosen(const std::vector<quelhost::MacroStep>& macro);
+    // Opens the menus of those ids, from the bar inwards, on the action.
+    void open(const QString& group, const QStringList& ids, QAction& action) const;
 
 private:
-    [[nodiscard]] GroupObjects<QMenu>::Objects makeMenus(const ShownGroup& shown);
-    void fill(QMenu& menu, const std::vector<MenuItem>& items, const MenuGroup& group);
-    void addCommand(QMenu& menu, const MenuCommand& command);
+    [[nodiscard]] GroupObjects<QMenu>::Objects makeMenus(const ShownGroup& shown) const;
+    void fill(QMenu& menu, const Menu& described, const QString& group) const;
 
     QMenuBar& m_bar;
+    const GroupActions& m_actions;
     GroupObjects<QMenu> m_menus;
-    bool m_asking = false;
 };
 
 } // namespace quelhost

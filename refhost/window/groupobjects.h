@@ -2,25 +2,26 @@
 #pragma once
 
 #include "refhost/core/shownmenugroups.h"
-#include "refhost/window/macroaction.h"
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace quelhost {
 
-// Objects for each shown group, menus or toolbars: a group that stays keeps its objects, one that
-// goes takes them with it.
+// Objects for each shown group, actions, menus or toolbars: a group that stays keeps its objects,
+// one that goes takes them with it.
 template<typename Object>
 class GroupObjects
 {
 public:
     using Objects = std::vector<std::unique_ptr<Object>>;
 
-    // Follows the groups; `make` makes the objects of one that is new.
+    // Follows the groups; `make` makes the objects of one that is new. Returns the objects of those
+    // that are gone, for a caller who has something else to take away first.
     template<typename Make>
-    void follow(const std::vector<ShownGroup>& groups, const Make& make)
+    Objects follow(const std::vector<ShownGroup>& groups, const Make& make)
     {
         std::vector<Entry> entries;
         for (const ShownGroup& shown : groups) {
@@ -35,7 +36,11 @@ public:
                 m_entries.erase(known);
             }
         }
-        m_entries = std::move(entries);
+        std::swap(entries, m_entries);
+        Objects gone;
+        for (Entry& entry : entries)
+            std::move(entry.objects.begin(), entry.objects.end(), std::back_inserter(gone));
+        return gone;
     }
 
     // In the order of the groups.
@@ -46,15 +51,6 @@ public:
             for (const std::unique_ptr<Object>& object : entry.objects)
                 use(*object);
         }
-    }
-
-    // Tells every action inside the objects.
-    void setCommandAsking(bool asking) const
-    {
-        forEach([asking](Object& object) {
-            for (MacroAction* action : object.template findChildren<MacroAction*>())
-                action->setCommandAsking(asking);
-        });
     }
 
 private:

@@ -1,54 +1,89 @@
 #include "refhost/window/grouptoolbars.h"
 
+#include "refhost/window/groupactions.h"
+
+#include <utility>
+
 namespace quelhost {
 
-GroupToolbars::GroupToolbars(QMainWindow& window)
-    : m_window(window)
+namespace {
+
+// Null for a separator.
+QList<QAction*> actionsIn(const QToolBar& toolbar)
+{
+    QList<QAction*> actions;
+    for (QAction* const action : toolbar.actions())
+        actions << (action->isSeparator() ? nullptr : action);
+    return actions;
+}
+
+// The toolbar itself would keep its separators.
+void empty(QToolBar& toolbar)
+{
+    for (QAction* const action : toolbar.actions()) {
+        toolbar.removeAction(action);
+        if (action->isSeparator())
+            delete action;
+    }
+}
+
+} // namespace
+
+GroupToolbars::GroupToolbars(QMainWindow& window, const GroupActions& actions)
+    : m_actions(actions)
+    , m_places(window)
 {}
 
-GroupToolbars::~GroupToolbars() = default;
-
-void GroupToolbars::show(const std::vector<ShownGroup>& groups)
+void GroupToolbars::show(const std::vector<EffectiveToolbar>& toolbars)
 {
-    m_toolbars.follow(groups, [this](const ShownGroup& shown) { return makeToolbars(shown); });
-}
-
-GroupObjects<QToolBar>::Objects GroupToolbars::makeToolbars(const ShownGroup& shown)
-{
-    GroupObjects<QToolBar>::Objects toolbars;
-    for (const Toolbar& described : shown.group.toolbars) {
-        auto toolbar = std::make_unique<QToolBar>(described.text);
-        // Names tell the toolbars of all groups apart.
-        toolbar->setObjectName(shown.group.name + QLatin1Char('/') + described.id);
-        fill(*toolbar, described, shown.group);
-        // Each group begins a row: side by side, few of their buttons would be seen.
-        if (toolbars.empty())
-            m_window.addToolBarBreak();
-        m_window.addToolBar(toolbar.get());
-        toolbars.push_back(std::move(toolbar));
-    }
-    return toolbars;
-}
-
-void GroupToolbars::fill(QToolBar& toolbar, const Toolbar& described, const MenuGroup& group)
-{
-    for (const ToolbarItem& item : described.items) {
-        const MenuCommand* const command = findCommand(group, item.command);
-        if (command == nullptr) {
-            toolbar.addSeparator();
-            continue;
+    m_places.note();
+    Toolbars former = std::exchange(m_toolbars, {});
+    std::vector<std::pair<QToolBar*, bool>> added; // with whether it is the first of its group
+    const QString* group = nullptr;
+    for (const EffectiveToolbar& described : toolbars) {
+        std::unique_ptr<QToolBar>& toolbar = m_toolbars[described.name];
+        toolbar = std::move(former[described.name]);
+        if (!toolbar) {
+            toolbar = std::make_unique<QToolBar>();
+            toolbar->setObjectName(described.name.group + QLatin1Char('/') + described.name.id);
+            added.emplace_back(toolbar.get(), group == nullptr || *group != described.name.group);
         }
-        auto* const action = new MacroAction(*command, &toolbar); // which owns it
-        action->setCommandAsking(m_asking);
-        connect(action, &MacroAction::chosen, this, &GroupToolbars::chosen);
-        toolbar.addAction(action);
+        fill(*toolbar, described);
+        group = &described.name.group;
+    }
+    former.clear();
+    // Each group begins a row: side by side, few of their buttons would be seen.
+    for (const auto& [toolbar, isFirst] : added)
+        m_places.add(*toolbar, isFirst);
+}
+
+QList<QAction*> GroupToolbars::actionsOf(const EffectiveToolbar& described) const
+{
+    QList<QAction*> actions;
+    for (const ToolbarEntry& entry : described.shownEntries)
+        actions << (isSeparator(entry) ? nullptr : m_actions.find(entry.group, entry.id));
+    return actions;
+}
+
+void GroupToolbars::fill(QToolBar& toolbar, const EffectiveToolbar& described) const
+{
+    toolbar.setWindowTitle(described.title);
+    const QList<QAction*> wanted = actionsOf(described);
+    if (actionsIn(toolbar) == wanted)
+        return;
+    empty(toolbar);
+    for (QAction* const action : wanted) {
+        if (action == nullptr)
+            toolbar.addSeparator();
+        else
+            toolbar.addAction(action);
     }
 }
 
-void GroupToolbars::setCommandAsking(bool asking)
+QToolBar* GroupToolbars::find(const GroupEntry& name) const
 {
-    m_asking = asking;
-    m_toolbars.setCommandAsking(asking);
+    const auto found = m_toolbars.find(name);
+    return found == m_toolbars.end() ? nullptr : found->second.get();
 }
 
 } // namespace quelhost

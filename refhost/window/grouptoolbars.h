@@ -1,41 +1,46 @@
-// The toolbars of the loaded menu groups.
+// The toolbars of the loaded menu groups and of the user.
 #pragma once
 
-#include "refhost/core/macro.h"
-#include "refhost/window/groupobjects.h"
+#include "refhost/core/effectivecustomization.h"
+#include "refhost/window/toolbarplaces.h"
 
 #include <QMainWindow>
 #include <QToolBar>
 
+#include <map>
+#include <memory>
 #include <vector>
 
 namespace quelhost {
 
-// Keeps the window's toolbars as the groups stand: a group that stays keeps its toolbars where the
-// user put them, one that goes takes all of its objects with it.
-class GroupToolbars final : public QObject
+class GroupActions;
+
+// Keeps the window's toolbars as they are in force: one that stays keeps its place, one that goes
+// takes all of its objects with it, and one that comes back finds its old place. Toolbars are named
+// "GROUP/ID", the user's own "/ID".
+class GroupToolbars final
 {
-    Q_OBJECT
-
 public:
-    // REQUIRES: the window outlives this object and has no other toolbars.
-    explicit GroupToolbars(QMainWindow& window);
-    ~GroupToolbars() override;
+    // REQUIRES: both outlive this object, and the window has no other toolbars.
+    GroupToolbars(QMainWindow& window, const GroupActions& actions);
 
-    void show(const std::vector<ShownGroup>& groups);
-    // As MacroAction tells.
-    void setCommandAsking(bool asking);
+    // REQUIRES: the actions show the groups of these toolbars.
+    void show(const std::vector<EffectiveToolbar>& toolbars);
 
-signals:
-    void chosen(const std::vector<quelhost::MacroStep>& macro);
+    [[nodiscard]] ToolbarPlaces& places() { return m_places; }
+
+    // The toolbar of that group and id, or null.
+    [[nodiscard]] QToolBar* find(const GroupEntry& name) const;
 
 private:
-    [[nodiscard]] GroupObjects<QToolBar>::Objects makeToolbars(const ShownGroup& shown);
-    void fill(QToolBar& toolbar, const Toolbar& described, const MenuGroup& group);
+    using Toolbars = std::map<GroupEntry, std::unique_ptr<QToolBar>>;
 
-    QMainWindow& m_window;
-    GroupObjects<QToolBar> m_toolbars;
-    bool m_asking = false;
+    [[nodiscard]] QList<QAction*> actionsOf(const EffectiveToolbar& described) const;
+    void fill(QToolBar& toolbar, const EffectiveToolbar& described) const;
+
+    const GroupActions& m_actions;
+    ToolbarPlaces m_places;
+    Toolbars m_toolbars;
 };
 
 } // namespace quelhost

@@ -2,11 +2,18 @@
 
 #include "refhost/core/widetext.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 
 #include <utility>
 
 namespace quelhost {
+
+namespace {
+
+constexpr int kMostLength = 16 * 1024 * 1024; // characters that wait to be shown
+
+} // namespace
 
 WindowLines::WindowLines(CommandLine& commandLine, Output& output)
     : m_commandLine(commandLine)
@@ -23,12 +30,14 @@ Line WindowLines::readLine(const LineRequest& request)
 {
     if (m_ended)
         return {};
+    tellHistoryProblem();
     const std::size_t lastRow = request.prompt.rfind(L'\n') + 1;
     m_output.write(request.prompt.substr(0, lastRow));
     Line line = nextLine(request);
     m_output.startRow();
     if (line.kind != Line::Kind::End)
-        m_output.writeRow(request.prompt.substr(lastRow) + line.text);
+        m_output.writeRow(request.prompt.substr(lastRow) + line.text, TextKind::Answer);
+    tellHistoryProblem();
     return line;
 }
 
@@ -36,14 +45,10 @@ Line WindowLines::nextLine(const LineRequest& request)
 {
     const bool forCommand = request.completion == Completion::Commands;
     while (!m_ended) {
-        if (m_typed.empty()) {
-            QEventLoop loop;
-            m_loop = &loop;
-            m_commandLine.ask(request);
-            emit waiting(forCommand);
-            loop.exec();
-            m_loop = nullptr;
-            m_commandLine.endPrompt();
+        if (forCommand && !m_jobs.empty()) {
+            runJob();
+        } else if (m_typed.empty()) {
+            wait(request);
         } else if (m_typed.front().kind != Typed::Kind::LetEnd) {
             const Typed typed = std::move(m_typed.front());
             m_typed.pop_front();
@@ -58,6 +63,35 @@ Line WindowLines::nextLine(const LineRequest& request)
         }
     }
     return {};
+}
+
+// Until something is typed, there is a job, or the window is closed.
+void WindowLines::wait(const LineRequest& request)
+{
+    QEventLoop loop;
+    m_loop = &loop;
+    m_forCommand = request.completion == Completion::Commands;
+    m_output.flush();
+    m_commandLine.ask(request);
+    emit waiting(m_forCommand);
+    loop.exec();
+    m_loop = nullptr;
+    m_commandLine.endPrompt();
+}
+
+// It may ask in its turn, which finds it gone from the list.
+void WindowLines::runJob()
+{
+    const std::function<void()> job = std::move(m_jobs.front());
+    m_jobs.pop_front();
+    job();
+}
+
+void WindowLines::tellHistoryProblem()
+{
+    const QString problem = m_commandLine.takeHistoryProblem();
+    if (!problem.isEmpty())
+        m_output.writeRow(toWide(problem));
 }
 
 void WindowLines::type(const std::vector<MacroStep>& macro)
@@ -79,6 +113,15 @@ void WindowLines::type(const std::vector<MacroStep>& macro)
     }
 }
 
+bool WindowLines::runAtCommandPrompt(std::function<void()> job)
+{
+    if (m_loop == nullptr || !m_forCommand || m_ended)
+        return false;
+    m_jobs.push_back(std::move(job));
+    wake();
+    return true;
+}
+
 void WindowLines::cancel()
 {
     m_typed.clear();
@@ -91,6 +134,7 @@ void WindowLines::end()
 {
     m_ended = true;
     m_typed.clear();
+    m_jobs.clear();
     wake();
 }
 
@@ -106,9 +150,46 @@ void WindowLines::wake()
         m_loop->quit();
 }
 
+WindowOutput::WindowOutput(CommandLine& commandLine)
+    : m_commandLine(commandLine)
+{
+    m_flush.setSingleShot(true);
+    m_flush.callOnTimeout([this] { flush(); });
+}
+
+void WindowOutput::flush()
+{
+    m_flush.stop();
+    m_length = 0;
+    for (const Piece& piece : std::exchange(m_pieces, {}))
+        m_commandLine.append(piece.text, piece.kind);
+}
+
 void WindowOutput::put(const std::string& utf8)
 {
-    m_commandLine.append(toQString(fromUtf8(utf8)));
+    if (m_pieces.empty() || m_pieces.back().kind != kind())
+        m_pieces.push_back({{}, kind()});
+    const QString text = toQString(fromUtf8(utf8));
+    m_pieces.back().text += text;
+    m_length += text.size();
+    if (!m_flush.isActive())
+        m_flush.start(0);
+    const bool isTime = !m_painted.isValid() || m_painted.elapsed() >= kPaintMs;
+    if (isTime || m_length > kMostLength)
+        flush();
+    if (isTime)
+        letPaint();
+}
+
+// What is done meanwhile may write in its turn, but does not paint again.
+void WindowOutput::letPaint()
+{
+    if (m_isPainting)
+        return;
+    m_isPainting = true;
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_isPainting = false;
+    m_painted.start();
 }
 
 } // namespace quelhost

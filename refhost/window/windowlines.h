@@ -6,9 +6,13 @@
 #include "refhost/core/output.h"
 #include "refhost/window/commandline.h"
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 
 #include <deque>
+#include <functional>
+#include <vector>
 
 class QEventLoop;
 
@@ -29,6 +33,10 @@ public:
     // Types a macro. One that begins with a cancel first lets the command that is asking end,
     // whatever it asks, and is typed at the command prompt then.
     void type(const std::vector<MacroStep>& macro);
+    // Lets `job` run at the command prompt that waits, in the place of a command and not inside the
+    // event that is handled now; then the prompt asks again. Returns whether it will: while a
+    // command runs or asks, nothing is done. The end drops a job that has not begun.
+    [[nodiscard]] bool runAtCommandPrompt(std::function<void()> job);
     // Cancels the current prompt and drops what was to be typed.
     void cancel();
     // Cancels every prompt from now on: the window is closed.
@@ -52,29 +60,52 @@ private:
     };
 
     [[nodiscard]] Line nextLine(const LineRequest& request);
+    void wait(const LineRequest& request);
+    void runJob();
+    void tellHistoryProblem();
     void add(Typed typed);
     void wake();
 
     CommandLine& m_commandLine;
     Output& m_output;
     std::deque<Typed> m_typed;
-    QEventLoop* m_loop = nullptr; // of the prompt that waits
+    std::deque<std::function<void()>> m_jobs; // of the command prompt that waits
+    QEventLoop* m_loop = nullptr;             // of the prompt that waits
+    bool m_forCommand = false;                // that prompt
     bool m_ended = false;
 };
 
-// What the window's user reads goes to its command line.
+// What the window's user reads goes to its command line, in pieces as large as can be. However much
+// a command writes, the window is painted again and again meanwhile; keys and the mouse wait until
+// the command asks or is done.
 class WindowOutput final : public Output
 {
 public:
-    explicit WindowOutput(CommandLine& commandLine)
-        : m_commandLine(commandLine)
-    {}
+    static constexpr int kPaintMs = 50; // from one painting to the next, at least
+
+    // REQUIRES: `commandLine` outlives this object.
+    explicit WindowOutput(CommandLine& commandLine);
+
+    void flush() override;
 
 protected:
     void put(const std::string& utf8) override;
 
 private:
+    void letPaint();
+
+    struct Piece
+    {
+        QString text;
+        TextKind kind = TextKind::Said;
+    };
+
     CommandLine& m_commandLine;
+    std::vector<Piece> m_pieces; // that are not at the command line yet
+    int m_length = 0;            // of these
+    QTimer m_flush;              // for whoever runs an event loop next
+    QElapsedTimer m_painted;
+    bool m_isPainting = false;
 };
 
 } // namespace quelhost

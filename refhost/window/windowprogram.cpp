@@ -1,13 +1,20 @@
 #include "refhost/window/windowprogram.h"
 
 #include "refhost/console/scriptlines.h"
-#include "refhost/core/widetext.h"
 #include "refhost/dialogs/widgetface.h"
+#include "refhost/window/acceleratoreditor.h"
+#include "refhost/window/libraries.h"
 #include "refhost/window/mainwindow.h"
+#include "refhost/window/toolbareditor.h"
 #include "refhost/window/windowlines.h"
+#include "refhost/window/windowsession.h"
 
 #include "host/dialogs.h"
 
+#include <QGuiApplication>
+#include <QSettings>
+
+#include <cstdio>
 #include <memory>
 
 namespace quelhost {
@@ -19,35 +26,53 @@ class WindowFace final : public WidgetFace
 public:
     WindowFace(HelpPages help, MainWindow& window)
         : WidgetFace(std::move(help), &window)
+        , m_main(window)
         , m_window(&window)
     {}
 
     [[nodiscard]] CWnd* mainWindow() override { return &m_window; }
 
+    // How the toolbar editor shows what it would do.
+    void setPreview(ToolbarPreview preview) { m_preview = std::move(preview); }
+
+    [[nodiscard]] std::optional<int> openEditor(CustomizationEditor editor) override
+    {
+        if (editor == CustomizationEditor::Toolbars)
+            return editToolbars(*Host::current(), m_main, m_preview);
+        return editAccelerators(*Host::current(), m_main);
+    }
+
 private:
+    MainWindow& m_main;
     CWnd m_window;
+    ToolbarPreview m_preview;
 };
 
-// Connects the window's parts with the lines that the session reads.
-void connectLines(MainWindow& window, WindowLines& lines)
+// The place of the window and its parts is kept beside the settings, which belong to commands. The
+// window is gone by now, so what went wrong is told where the program was started.
+void keepWindow(MainWindow& window, QSettings& kept)
 {
-    QObject::connect(&window, &MainWindow::closed, &lines, &WindowLines::end);
-    QObject::connect(&window, &MainWindow::chosen, &lines, &WindowLines::type);
-    QObject::connect(&lines, &WindowLines::waiting, &window,
-                     [&window](bool forCommand) { window.setCommandAsking(!forCommand); });
+    window.keep(kept);
+    kept.sync();
+    if (kept.status() != QSettings::NoError)
+        std::fprintf(stderr, "quelhost: %s\n",
+                     qtTrId("window-not-kept").arg(kept.fileName()).toUtf8().constData());
 }
 
 Status runInWindow(const Options& options, const InstalledFiles& files)
 {
+    QGuiApplication::setDesktopFileName(QStringLiteral("quelhost"));
+    prepareLibraries(options.language);
     const QString folder = options.profile.isEmpty() ? Profile::defaultFolder() : options.profile;
     MainWindow window(folder + QStringLiteral("/history"));
     WindowOutput output(window.commandLine());
+    WindowLines* typed = nullptr;
     const auto lines = [&](const Profile&) -> Result<std::unique_ptr<LineSource>> {
         if (!options.script.isEmpty())
             return openScript(options.script, output, !options.interactiveInput);
-        auto typed = std::make_unique<WindowLines>(window.commandLine(), output);
-        connectLines(window, *typed);
-        return std::unique_ptr<LineSource>(std::move(typed));
+        auto own = std::make_unique<WindowLines>(window.commandLine(), output);
+        typed = own.get();
+        return std::unique_ptr<LineSource>(std::move(own));
     };
     WindowFace face({files.help, options.language}, window);
     Result<std::unique_ptr<Session>> session = Session::open(options, files, lines, output, true);
@@ -55,14 +80,14 @@ Status runInWindow(const Options& options, const InstalledFiles& files)
         return session.fault();
     Host& host = session.value()->host();
     host.setFace(face);
-    const auto showGroups = [&] {
-        for (const QString& sentence : window.showGroups(host.groups.groups()))
-            output.writeRow(toWide(sentence));
-    };
-    host.groups.setListener(showGroups);
-    showGroups();
+    QSettings kept(folder + QStringLiteral("/window.ini"), QSettings::IniFormat);
+    window.restoreBeforeGroups(kept);
+    WindowSession inWindow(host, window, typed);
+    face.setPreview([&inWindow](const ToolbarChanges& changes) { inWindow.showToolbars(changes); });
+    window.restoreAfterGroups(kept);
     window.show();
     session.value()->run();
+    keepWindow(window, kept);
     return Done{};
 }
 

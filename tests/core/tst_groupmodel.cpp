@@ -118,11 +118,11 @@ TEST(GroupModel, TellsWhatUnloadingRemovesAndGivesBack)
 {
     EXPECT_EQ(removes({kSurvey, kPlant}, "SURVEY"),
               "removes 2 menus, 2 toolbars, 2 accelerators; Ctrl+K goes to PLANT");
-    EXPECT_EQ(removes({kSurvey, kPlant}, "PLANT"),
-              "removes 2 menus, 2 toolbars, 1 accelerator");
+    EXPECT_EQ(removes({kSurvey, kPlant}, "PLANT"), "removes 2 menus, 2 toolbars, 1 accelerator");
     // Of two that want the key, the one loaded first gets it.
-    EXPECT_EQ(removes({kSurvey, kPlant, kRoads}, "SURVEY"),
-              "removes 2 menus, 2 toolbars, 2 accelerators; Ctrl+K goes to PLANT; F6 goes to ROADS");
+    EXPECT_EQ(
+        removes({kSurvey, kPlant, kRoads}, "SURVEY"),
+        "removes 2 menus, 2 toolbars, 2 accelerators; Ctrl+K goes to PLANT; F6 goes to ROADS");
 }
 
 TEST(GroupModel, TellsItInGerman)

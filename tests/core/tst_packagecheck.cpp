@@ -128,7 +128,8 @@ TEST(PackageCheck, tellsOfAGroupThatCannotBeShown)
     EXPECT_TRUE(check.allGood); // the file itself is
     ASSERT_EQ(check.lines.size(), 4);
     EXPECT_EQ(check.lines.at(3),
-              second + QStringLiteral(": cannot be shown: its menu group PLANT is that of ") + first);
+              second + QStringLiteral(": cannot be shown: its menu group PLANT is that of ") +
+                  first);
 }
 
 TEST(PackageCheck, findsTheExamplesGood)

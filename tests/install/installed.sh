@@ -96,7 +96,7 @@ expected_files() {
         share/doc/quelhost/README.md share/doc/quelhost/CHANGELOG.md; do
         echo "$file"
     done
-    (cd "$SOURCE/src" && find host -name '*.h') | sed 's|^|include/quel/|'
+    (cd "$SOURCE/src" && find host stream -name '*.h') | sed 's|^|include/quel/|'
     (cd "$SOURCE" && find docs -type f) | sed 's|^|share/doc/quelhost/|'
     (cd "$SOURCE/resources" && find . -name '*.ts' -o -name '*.ui') |
         sed 's|^\.|share/quelhost/resources|; s|\.ts$|.qm|'

@@ -9,8 +9,10 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <QtTest/QTest>
 
 #include <memory>
@@ -71,6 +73,35 @@ protected:
     [[nodiscard]] QPlainTextEdit& above() const
     {
         return *m_commandLine->findChild<QPlainTextEdit*>(QStringLiteral("said"));
+    }
+    [[nodiscard]] QListView& list() const
+    {
+        return *m_commandLine->findChild<QListView*>(QStringLiteral("suggestions"));
+    }
+    // The suggestions that are shown, the chosen one in brackets.
+    [[nodiscard]] std::vector<std::string> suggested() const
+    {
+        std::vector<std::string> texts;
+        for (int row = 0; list().isVisible() && row < list().model()->rowCount(); ++row) {
+            const QModelIndex index = list().model()->index(row, 0);
+            const std::string text = index.data().toString().toStdString();
+            texts.push_back(index == list().currentIndex() ? "[" + text + "]" : text);
+        }
+        return texts;
+    }
+    [[nodiscard]] QWidget& keywords() const
+    {
+        return *m_commandLine->findChild<QWidget*>(QStringLiteral("keywords"));
+    }
+    // The keyword buttons that are shown.
+    [[nodiscard]] std::vector<QToolButton*> buttons() const
+    {
+        std::vector<QToolButton*> shown;
+        for (QToolButton* button : keywords().findChildren<QToolButton*>()) {
+            if (button->isVisible())
+                shown.push_back(button);
+        }
+        return shown;
     }
     [[nodiscard]] std::string typed() const { return line().text().toStdString(); }
     [[nodiscard]] std::string said() const { return above().toPlainText().toStdString(); }

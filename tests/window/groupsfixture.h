@@ -1,8 +1,8 @@
 // Menu groups as packages bring them, and what of them stands in a menu bar.
 #pragma once
 
-#include "refhost/core/shownmenugroups.h"
-#include "refhost/window/groupmenus.h"
+#include "refhost/core/groupmodel.h"
+#include "refhost/window/groupactions.h"
 
 #include <gtest/gtest.h>
 
@@ -56,6 +56,26 @@ inline quelhost::ShownGroup group(const char* name, const std::vector<const char
              QString::fromUtf8(text),
              {item("go"), separator(), submenu("more", "&More", {item("ask"), item("go")})}});
     return {(QStringLiteral("/t/") + own + QStringLiteral(".cuix")).toStdWString(), made, false};
+}
+
+inline quelhost::GroupModel modelOf(const std::vector<quelhost::ShownGroup>& groups)
+{
+    return quelhost::GroupModel({}, groups);
+}
+
+// The texts of macros, "^" for a cancel and "/" for Enter.
+inline Texts macroTexts(const std::vector<std::vector<quelhost::MacroStep>>& macros)
+{
+    using Kind = quelhost::MacroStep::Kind;
+    Texts texts;
+    for (const std::vector<quelhost::MacroStep>& macro : macros) {
+        texts.emplace_back();
+        for (const quelhost::MacroStep& step : macro)
+            texts.back() += step.kind == Kind::Cancel  ? "^"
+                            : step.kind == Kind::Enter ? "/"
+                                                       : step.text.toStdString();
+    }
+    return texts;
 }
 
 inline void addItems(const QWidget& of, int depth, Texts& texts)

@@ -1,7 +1,7 @@
 // The menus of the loaded groups in the menu bar.
 #include "tests/window/groupsfixture.h"
 
-#include "refhost/core/resources.h"
+#include "refhost/window/groupmenus.h"
 
 #include <QHelpEvent>
 #include <QPointer>
@@ -21,11 +21,15 @@ protected:
     void SetUp() override
     {
         QObject::connect(
-            m_menus.get(), &GroupMenus::chosen,
+            &m_actions, &GroupActions::chosen,
             [this](const std::vector<MacroStep>& macro) { m_chosen.push_back(macro); });
     }
 
-    void show(const std::vector<ShownGroup>& groups) { m_menus->show(groups); }
+    void show(const std::vector<ShownGroup>& groups)
+    {
+        const GroupActions::Gone gone = m_actions.show(modelOf(groups));
+        m_menus->show(groups);
+    }
 
     [[nodiscard]] Texts menusInBar() const
     {
@@ -35,19 +39,7 @@ protected:
         return texts;
     }
 
-    // The texts of the macros that were chosen, "^" for a cancel and "/" for Enter.
-    [[nodiscard]] Texts chosen() const
-    {
-        Texts texts;
-        for (const std::vector<MacroStep>& macro : m_chosen) {
-            texts.emplace_back();
-            for (const MacroStep& step : macro)
-                texts.back() += step.kind == MacroStep::Kind::Cancel  ? "^"
-                                : step.kind == MacroStep::Kind::Enter ? "/"
-                                                                      : step.text.toStdString();
-        }
-        return texts;
-    }
+    [[nodiscard]] Texts chosen() const { return macroTexts(m_chosen); }
 
     // What is shown while the mouse rests on the item.
     [[nodiscard]] static std::string tipOver(QMenu& menu, const QAction& action)
@@ -61,7 +53,8 @@ protected:
     }
 
     QMenuBar m_bar;
-    std::unique_ptr<GroupMenus> m_menus = std::make_unique<GroupMenus>(m_bar);
+    GroupActions m_actions{m_bar};
+    std::unique_ptr<GroupMenus> m_menus = std::make_unique<GroupMenus>(m_bar, m_actions);
     std::vector<std::vector<MacroStep>> m_chosen;
 };
 
@@ -210,25 +203,25 @@ TEST_F(GroupsInABar, WhileACommandAsksOnlyItemsThatCancelItCanBeChosen)
     QAction& ask = *itemNamed(m_bar, "&Ask");
     EXPECT_TRUE(go.isEnabled());
     EXPECT_TRUE(ask.isEnabled());
-    m_menus->setCommandAsking(true);
+    m_actions.setCommandAsking(true);
     EXPECT_TRUE(go.isEnabled());
     EXPECT_FALSE(ask.isEnabled());
     EXPECT_TRUE(itemNamed(m_bar, "&More")->isEnabled());
-    m_menus->setCommandAsking(true);
+    m_actions.setCommandAsking(true);
     EXPECT_FALSE(ask.isEnabled());
-    m_menus->setCommandAsking(false);
+    m_actions.setCommandAsking(false);
     EXPECT_TRUE(ask.isEnabled());
 }
 
 TEST_F(GroupsInABar, AGroupThatComesWhileACommandAsksIsGreyedToo)
 {
     show({kMain});
-    m_menus->setCommandAsking(true);
+    m_actions.setCommandAsking(true);
     show({kMain, kPlant});
     const QMenu& plant = *m_bar.actions().at(2)->menu();
     EXPECT_FALSE(itemNamed(plant, "&Ask")->isEnabled());
     EXPECT_TRUE(itemNamed(plant, "&Go PLANT")->isEnabled());
-    m_menus->setCommandAsking(false);
+    m_actions.setCommandAsking(false);
     EXPECT_TRUE(itemNamed(plant, "&Ask")->isEnabled());
 }
 
@@ -239,25 +232,26 @@ TEST_F(GroupsInABar, GreyedItemsSayWhy)
     QMenu& more = *itemNamed(menu, "&More")->menu();
     QAction& ask = *itemNamed(more, "&Ask");
     QAction& go = *itemNamed(menu, "&Go PLANT");
-    EXPECT_EQ(tipOver(menu, go), "Goes");
+    EXPECT_EQ(tipOver(menu, go), "Go PLANT\nGoes");
     EXPECT_EQ(go.statusTip().toStdString(), "Goes");
-    m_menus->setCommandAsking(true);
+    m_actions.setCommandAsking(true);
     const std::string why = qtTrId("window-asking-first").toStdString();
     ASSERT_NE(why, "window-asking-first");
-    EXPECT_EQ(tipOver(more, ask), why);
+    EXPECT_EQ(tipOver(more, ask), "Ask\n" + why);
     EXPECT_EQ(ask.statusTip().toStdString(), why);
-    EXPECT_EQ(tipOver(menu, go), "Goes");
-    m_menus->setCommandAsking(false);
+    EXPECT_EQ(tipOver(menu, go), "Go PLANT\nGoes");
+    m_actions.setCommandAsking(false);
     EXPECT_EQ(ask.statusTip().toStdString(), "");
-    EXPECT_NE(tipOver(more, ask), why);
+    EXPECT_EQ(tipOver(more, ask), "Ask");
 }
 
 TEST_F(GroupsInABar, ATipIsNoPage)
 {
     ShownGroup made = kPlant;
-    made.group.commands[0].tip = QStringLiteral("<img src='file:///etc/x.png'> & <b>bold</b>");
+    made.group.commands[0].text = QStringLiteral("<img src='file:///etc/x.png'> <b>bold</b>");
+    made.group.commands[0].tip = made.group.commands[0].text;
     show({made});
-    const QAction& go = *itemNamed(m_bar, "&Go PLANT");
+    const QAction& go = *itemNamed(m_bar, "<img src='file:///etc/x.png'> <b>bold</b>");
     EXPECT_TRUE(go.toolTip().contains(QStringLiteral("&lt;img"))) << go.toolTip().toStdString();
     EXPECT_FALSE(go.toolTip().contains(QStringLiteral("<img")));
     EXPECT_EQ(go.statusTip(), made.group.commands[0].tip);

@@ -52,8 +52,17 @@ protected:
         return texts;
     }
 
+    void show(const std::vector<ShownGroup>& groups)
+    {
+        const GroupModel model = modelOf(groups);
+        const GroupActions::Gone gone = m_actions.show(model);
+        m_toolbars->show(model.toolbars());
+    }
+
     QMainWindow m_window;
-    std::unique_ptr<GroupToolbars> m_toolbars = std::make_unique<GroupToolbars>(m_window);
+    GroupActions m_actions{m_window};
+    std::unique_ptr<GroupToolbars> m_toolbars =
+        std::make_unique<GroupToolbars>(m_window, m_actions);
 };
 
 const ShownGroup kMain = withToolbars("QUELD", {"File"});
@@ -64,7 +73,7 @@ const ShownGroup kSurvey = withToolbars("SURVEY", {"File"});
 
 TEST_F(GroupsInToolbars, HaveTheirButtonsAndSeparators)
 {
-    m_toolbars->show({kMain});
+    show({kMain});
     ASSERT_EQ(toolbars().size(), 1U);
     EXPECT_EQ(toolbars().front()->windowTitle(), QStringLiteral("File"));
     Texts items;
@@ -75,7 +84,7 @@ TEST_F(GroupsInToolbars, HaveTheirButtonsAndSeparators)
 
 TEST_F(GroupsInToolbars, BeginARowForEachGroup)
 {
-    m_toolbars->show({kMain, kPlant});
+    show({kMain, kPlant});
     ASSERT_EQ(toolbars().size(), 3U);
     m_window.resize(800, 300);
     m_window.show();
@@ -86,7 +95,7 @@ TEST_F(GroupsInToolbars, BeginARowForEachGroup)
 
 TEST_F(GroupsInToolbars, OfTheSameNameStayApart)
 {
-    m_toolbars->show({kMain, kSurvey});
+    show({kMain, kSurvey});
     ASSERT_EQ(toolbars().size(), 2U);
     EXPECT_EQ(toolbars()[0]->objectName(), QStringLiteral("QUELD/file"));
     EXPECT_EQ(toolbars()[1]->objectName(), QStringLiteral("SURVEY/file"));
@@ -97,10 +106,10 @@ TEST_F(GroupsInToolbars, OfTheSameNameStayApart)
 
 TEST_F(GroupsInToolbars, ThatStayKeepTheirToolbarsWhereTheUserPutThem)
 {
-    m_toolbars->show({kMain, kPlant});
+    show({kMain, kPlant});
     QToolBar* const piping = toolbars()[1];
     m_window.addToolBar(Qt::LeftToolBarArea, piping);
-    m_toolbars->show({kPlant, kSurvey});
+    show({kPlant, kSurvey});
     ASSERT_EQ(toolbars().size(), 3U);
     const std::vector<QToolBar*> now = toolbars();
     EXPECT_EQ(std::count(now.begin(), now.end(), piping), 1);
@@ -111,7 +120,7 @@ TEST_F(GroupsInToolbars, ThatGoLeaveNothingBehindInEveryOrder)
 {
     const std::vector<ShownGroup> groups{kMain, kPlant, kSurvey};
     std::vector<std::size_t> order{0, 1, 2};
-    m_toolbars->show({});
+    show({});
     const Texts empty = everything();
     do {
         for (int round = 0; round < 5; ++round) {
@@ -120,12 +129,12 @@ TEST_F(GroupsInToolbars, ThatGoLeaveNothingBehindInEveryOrder)
             for (const std::size_t each : order) {
                 before.push_back(everything());
                 shown.push_back(groups[each]);
-                m_toolbars->show(shown);
+                show(shown);
                 EXPECT_NE(everything(), before.back());
             }
             while (!shown.empty()) {
                 shown.pop_back();
-                m_toolbars->show(shown);
+                show(shown);
                 EXPECT_EQ(everything(), before.back());
                 before.pop_back();
             }
@@ -137,35 +146,94 @@ TEST_F(GroupsInToolbars, ThatGoLeaveNothingBehindInEveryOrder)
 TEST_F(GroupsInToolbars, TypeTheirMacros)
 {
     std::vector<std::vector<MacroStep>> chosen;
-    QObject::connect(m_toolbars.get(), &GroupToolbars::chosen,
+    QObject::connect(&m_actions, &GroupActions::chosen,
                      [&chosen](const std::vector<MacroStep>& macro) { chosen.push_back(macro); });
-    m_toolbars->show({kMain});
+    show({kMain});
     itemNamed(*toolbars().front(), "&Go QUELD")->trigger();
-    ASSERT_EQ(chosen.size(), 1U);
-    ASSERT_EQ(chosen[0].size(), 3U);
-    EXPECT_EQ(chosen[0][0].kind, MacroStep::Kind::Cancel);
-    EXPECT_EQ(chosen[0][1].text, QStringLiteral("ECHO QUELD"));
-    EXPECT_EQ(chosen[0][2].kind, MacroStep::Kind::Enter);
+    EXPECT_EQ(macroTexts(chosen), (Texts{"^ECHO QUELD/"}));
 }
 
 TEST_F(GroupsInToolbars, AreGreyWhileACommandAsksUnlessTheyCancelIt)
 {
-    m_toolbars->show({kMain});
-    m_toolbars->setCommandAsking(true);
+    show({kMain});
+    m_actions.setCommandAsking(true);
     const QAction& ask = *itemNamed(*toolbars().front(), "&Ask");
     EXPECT_FALSE(ask.isEnabled());
     EXPECT_EQ(ask.statusTip(), qtTrId("window-asking-first"));
     EXPECT_TRUE(itemNamed(*toolbars().front(), "&Go QUELD")->isEnabled());
-    m_toolbars->show({kMain, kSurvey});
+    show({kMain, kSurvey});
     EXPECT_FALSE(itemNamed(*toolbars()[1], "&Ask")->isEnabled());
-    m_toolbars->setCommandAsking(false);
+    m_actions.setCommandAsking(false);
     EXPECT_TRUE(ask.isEnabled());
     EXPECT_TRUE(itemNamed(*toolbars()[1], "&Ask")->isEnabled());
 }
 
 TEST_F(GroupsInToolbars, GoWithTheirOwner)
 {
-    m_toolbars->show({kMain, kPlant});
+    show({kMain, kPlant});
     m_toolbars.reset();
     EXPECT_TRUE(toolbars().empty());
+}
+
+TEST_F(GroupsInToolbars, OfTheUserShowWhatIsLoadedAndAreWholeAgain)
+{
+    UserChanges changes;
+    ToolbarChange& own = changes.toolbars[{QString(), QStringLiteral("1")}];
+    own.title = QStringLiteral("Mine");
+    own.entries = std::vector<ToolbarEntry>{{QStringLiteral("PLANT"), QStringLiteral("go")},
+                                            {},
+                                            {QStringLiteral("SURVEY"), QStringLiteral("go")}};
+    const auto mine = [&](const std::vector<ShownGroup>& groups) {
+        const GroupModel model({}, groups, changes);
+        const GroupActions::Gone gone = m_actions.show(model);
+        m_toolbars->show(model.toolbars());
+        Texts items;
+        addItems(*m_toolbars->find({QString(), QStringLiteral("1")}), 0, items);
+        return items;
+    };
+    EXPECT_EQ(mine({kMain, kPlant, kSurvey}), (Texts{"&Go PLANT", "--", "&Go SURVEY"}));
+    EXPECT_EQ(mine({kMain, kSurvey}), (Texts{"&Go SURVEY"}));
+    EXPECT_EQ(mine({kMain}), Texts());
+    EXPECT_EQ(mine({kMain, kSurvey, kPlant}), (Texts{"&Go PLANT", "--", "&Go SURVEY"}));
+    EXPECT_EQ(toolbars().size(), 5U);
+}
+
+TEST_F(GroupsInToolbars, ThatTheUserChangesChangeWhereTheyStand)
+{
+    show({kMain, kPlant});
+    QToolBar* const piping = toolbars()[1];
+    m_window.addToolBar(Qt::LeftToolBarArea, piping);
+    UserChanges changes;
+    const GroupEntry name{QStringLiteral("PLANT"), QStringLiteral("piping")};
+    changes.toolbars[name].title = QStringLiteral("Pipes");
+    changes.toolbars[name].entries =
+        std::vector<ToolbarEntry>{{QStringLiteral("PLANT"), QStringLiteral("ask")}, {}};
+    changes.toolbars[{QStringLiteral("PLANT"), QStringLiteral("equipment")}].deleted = true;
+    m_toolbars->show(GroupModel({}, {kMain, kPlant}, changes).toolbars());
+    ASSERT_EQ(toolbars().size(), 2U);
+    EXPECT_EQ(m_toolbars->find(name), piping);
+    EXPECT_EQ(piping->windowTitle(), QStringLiteral("Pipes"));
+    EXPECT_EQ(m_window.toolBarArea(piping), Qt::LeftToolBarArea);
+    Texts items;
+    addItems(*piping, 0, items);
+    EXPECT_EQ(items, (Texts{"&Ask", "--"}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto objects = piping->children().size();
+    for (int round = 0; round < 5; ++round) {
+        show({kMain, kPlant});
+        m_toolbars->show(GroupModel({}, {kMain, kPlant}, changes).toolbars());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    EXPECT_EQ(piping->children().size(), objects); // separators are not kept
+}
+
+TEST_F(GroupsInToolbars, OfAFileUnderAnotherNameAreFilledAnew)
+{
+    show({kMain, kPlant});
+    ShownGroup moved = kPlant;
+    moved.path = L"/elsewhere/PLANT.cuix";
+    show({kMain, moved});
+    Texts items;
+    addItems(*toolbars()[1], 0, items);
+    EXPECT_EQ(items, (Texts{"&Go PLANT", "--", "&Ask"}));
 }

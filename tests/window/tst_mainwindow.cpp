@@ -21,7 +21,7 @@ protected:
     {
         QObject::connect(&m_window.commandLine(), &CommandLine::cancelled, [this] { ++m_cancels; });
         QObject::connect(&m_window, &MainWindow::closed, [this] { ++m_closings; });
-        m_window.menus().show({group("QUELD", {"&File"})});
+        static_cast<void>(m_window.showGroups(modelOf({group("QUELD", {"&File"})}), {}));
         m_window.show();
         m_window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
@@ -37,7 +37,10 @@ protected:
     {
         return *m_window.findChild<QPlainTextEdit*>(QStringLiteral("said"));
     }
-    [[nodiscard]] QDockWidget& dock() { return *m_window.findChild<QDockWidget*>(); }
+    [[nodiscard]] QDockWidget& dock()
+    {
+        return *m_window.findChild<QDockWidget*>(QStringLiteral("commandLine"));
+    }
 
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
@@ -135,9 +138,9 @@ TEST_F(MainWindows, IsAsItWasAfterAThousandLoadsAndUnloads)
     with.back().group.accelerators = {{QStringLiteral("go"), QKeySequence(Qt::Key_F7)}};
     const auto loadAndUnload = [&](int rounds) {
         for (int round = 0; round < rounds; ++round) {
-            EXPECT_EQ(m_window.showGroups(with), QStringList());
+            EXPECT_EQ(m_window.showGroups(modelOf(with), {}), QStringList());
             QApplication::processEvents();
-            EXPECT_EQ(m_window.showGroups(before), QStringList());
+            EXPECT_EQ(m_window.showGroups(modelOf(before), {}), QStringList());
             QApplication::processEvents();
         }
     };

@@ -13,8 +13,9 @@ using quelhost::test::GermanTexts;
 
 namespace {
 
-const QStringList kMainMenus = {QStringLiteral("&File"), QStringLiteral("&View"),
-                                QStringLiteral("&Tools"), QStringLiteral("&Help")};
+const QStringList kMainMenus = {QStringLiteral("&Quelhost"), QStringLiteral("&File"),
+                                QStringLiteral("&View"), QStringLiteral("&Tools"),
+                                QStringLiteral("&Help")};
 const QStringList kWithPlant = kMainMenus + QStringList{QStringLiteral("&Plant")};
 
 QString text(const char* utf8)

@@ -4,6 +4,7 @@
 #include "tests/support/scriptedlines.h"
 #include "tests/window/commandlinefixture.h"
 
+#include <QDir>
 #include <QTimer>
 
 #include <functional>
@@ -41,7 +42,7 @@ protected:
             m_lines->end();
         });
         limit.start(kMostMilliseconds);
-        const Line line = m_lines->readLine({prompt, completion, {}, false});
+        const Line line = m_lines->readLine({prompt, completion, m_words, false});
         EXPECT_FALSE(m_whileWaiting) << "nothing waited";
         m_whileWaiting = {};
         switch (line.kind) {
@@ -63,6 +64,9 @@ protected:
         return read(Completion::Nothing, std::move(whileWaiting), L"Answer: ");
     }
 
+    // Does something as soon as the next prompt waits, in a job that runs before it.
+    void whenWaiting(std::function<void()> action) { m_whileWaiting = std::move(action); }
+
     // What a menu item with this macro does.
     [[nodiscard]] std::function<void()> choose(const char* macro)
     {
@@ -79,6 +83,7 @@ protected:
     CollectedOutput m_output;
     std::unique_ptr<WindowLines> m_lines;
     std::vector<std::string> m_waits;
+    QStringList m_words; // the words of the next requests
 
 private:
     std::function<void()> m_whileWaiting;
@@ -300,11 +305,136 @@ TEST_F(WindowLineSource, TheEndDropsWhatWasTypedAhead)
     EXPECT_EQ(readCommand(), "(end)");
 }
 
-TEST_F(WindowLineSource, WhatTheUserReadsGoesAboveTheLine)
+TEST_F(WindowLineSource, AKeywordButtonAnswers)
 {
-    WindowOutput output(*m_commandLine);
-    output.write(L"half ");
-    output.writeRow(L"ü€\U0001F600");
-    output.write(std::wstring(1, wchar_t(0xD800)) + L"!");
-    EXPECT_EQ(said(), "half \nü€\U0001F600\n\uFFFD!");
+    m_words = QStringList{QStringLiteral("Accelerator"), QStringLiteral("Toolbar")};
+    EXPECT_EQ(read(Completion::Keywords,
+                   [this] {
+                       ASSERT_EQ(buttons().size(), 2U);
+                       QTest::mouseClick(buttons().back(), Qt::LeftButton);
+                   }),
+              "Toolbar");
+    EXPECT_EQ(m_output.text(), "? Toolbar\n");
+}
+
+TEST_F(WindowLineSource, AJobRunsAtTheCommandPromptWhichAsksAgain)
+{
+    std::string asking = "not run";
+    EXPECT_EQ(readCommand([&] {
+                  type("EC");
+                  EXPECT_TRUE(m_lines->runAtCommandPrompt([&] {
+                      asking = m_commandLine->isAsking() ? "asking" : "not asking";
+                      m_output.write(L"by the job");
+                      whenWaiting(enter("HO on"));
+                  }));
+                  EXPECT_EQ(asking, "not run");
+              }),
+              "ECHO on");
+    EXPECT_EQ(asking, "not asking");
+    EXPECT_EQ(m_output.text(), "by the job\nCommand: ECHO on\n");
+    EXPECT_EQ(m_waits, (Waits{"command", "command"}));
+}
+
+TEST_F(WindowLineSource, AJobMayAsk)
+{
+    std::string answer;
+    EXPECT_EQ(readCommand([&] {
+                  EXPECT_TRUE(m_lines->runAtCommandPrompt([&] {
+                      answer = readAnswer(enter("yes"));
+                      whenWaiting(enter("next"));
+                  }));
+              }),
+              "next");
+    EXPECT_EQ(answer, "yes");
+    EXPECT_EQ(m_output.text(), "Answer: yes\nCommand: next\n");
+    EXPECT_EQ(m_waits, (Waits{"command", "answer", "command"}));
+}
+
+TEST_F(WindowLineSource, JobsRunInTheirOrderBeforeWhatIsTypedWithThem)
+{
+    std::string order;
+    EXPECT_EQ(readCommand([&] {
+                  enter("typed")();
+                  EXPECT_TRUE(m_lines->runAtCommandPrompt([&order] { order += 'a'; }));
+                  EXPECT_TRUE(m_lines->runAtCommandPrompt([&order] { order += 'b'; }));
+              }),
+              "typed");
+    EXPECT_EQ(order, "ab");
+}
+
+TEST_F(WindowLineSource, ThereIsNoJobWhileACommandAsksOrRuns)
+{
+    bool ran = false;
+    const auto job = [&ran] { ran = true; };
+    EXPECT_FALSE(m_lines->runAtCommandPrompt(job));
+    EXPECT_EQ(readAnswer([&] {
+                  EXPECT_FALSE(m_lines->runAtCommandPrompt(job));
+                  enter("a")();
+              }),
+              "a");
+    EXPECT_EQ(readCommand([&] {
+                  EXPECT_TRUE(m_lines->runAtCommandPrompt([&] {
+                      EXPECT_FALSE(m_lines->runAtCommandPrompt(job));
+                      whenWaiting(enter("b"));
+                  }));
+              }),
+              "b");
+    EXPECT_FALSE(m_lines->runAtCommandPrompt(job));
+    EXPECT_FALSE(ran);
+}
+
+TEST_F(WindowLineSource, CancellingLeavesAJob)
+{
+    bool ran = false;
+    EXPECT_EQ(readCommand([&] {
+                  EXPECT_TRUE(m_lines->runAtCommandPrompt([&ran] { ran = true; }));
+                  m_lines->cancel();
+              }),
+              "(cancel)");
+    EXPECT_TRUE(ran);
+}
+
+TEST_F(WindowLineSource, TheEndDropsJobs)
+{
+    bool ran = false;
+    const auto job = [&ran] { ran = true; };
+    EXPECT_EQ(readCommand([&] {
+                  EXPECT_TRUE(m_lines->runAtCommandPrompt(job));
+                  m_lines->end();
+                  EXPECT_FALSE(m_lines->runAtCommandPrompt(job));
+              }),
+              "(end)");
+    EXPECT_FALSE(ran);
+}
+
+TEST_F(WindowLineSource, AJobMayEndItAll)
+{
+    EXPECT_EQ(readCommand(
+                  [this] { EXPECT_TRUE(m_lines->runAtCommandPrompt([this] { m_lines->end(); })); }),
+              "(end)");
+    EXPECT_EQ(m_waits, (Waits{"command"}));
+}
+
+TEST_F(WindowLineSource, AHistoryThatCannotBeKeptIsToldOnARowOfItsOwn)
+{
+    ASSERT_TRUE(QDir().mkpath(historyFile() + QStringLiteral("/in the way")));
+    m_lines.reset();
+    ASSERT_NO_FATAL_FAILURE(SetUp());
+    m_output.write(L"half");
+    EXPECT_EQ(readCommand(enter("one")), "one");
+    const std::string told = m_output.take();
+    EXPECT_EQ(told.rfind("half\n", 0), 0U) << told;
+    EXPECT_NE(told.find(historyFile().toStdString()), told.npos) << told;
+    EXPECT_EQ(told.substr(told.size() - 14), "\nCommand: one\n");
+    EXPECT_EQ(readCommand(enter("two")), "two");
+    EXPECT_EQ(m_output.text(), "Command: two\n");
+}
+
+TEST_F(WindowLineSource, AHistoryThatCannotBeWrittenIsToldBehindTheLine)
+{
+    ASSERT_TRUE(QDir().mkpath(historyFile() + QStringLiteral("/in the way")));
+    EXPECT_EQ(readCommand(enter("one")), "one");
+    EXPECT_EQ(m_output.text().rfind("Command: one\n", 0), 0U) << m_output.text();
+    EXPECT_NE(m_output.text().find(historyFile().toStdString()), std::string::npos);
+    EXPECT_EQ(m_output.text().back(), '\n');
 }

@@ -1,0 +1,116 @@
+#include "refhost/window/editedkeys.h"
+
+#include "refhost/core/hostkeys.h"
+#include "refhost/core/menutext.h"
+#include "refhost/window/commandlooks.h"
+
+#include <algorithm>
+#include <map>
+
+namespace quelhost {
+
+namespace {
+
+using WorkingKeys = std::map<GroupEntry, Keys>;
+
+void add(const std::vector<GroupKey>& keys, WorkingKeys& working)
+{
+    for (const GroupKey& key : keys)
+        working[{key.group, key.command}] << key.keys;
+}
+
+Keys keysOf(const GroupEntry& command, const WorkingKeys& working)
+{
+    const auto keys = working.find(command);
+    return keys == working.end() ? Keys() : keys->second;
+}
+
+QString hostText(const QString& action)
+{
+    const char* const ids[][2] = {{kFindCommandAction, "host-menu-find"},
+                                  {kCommandLineAction, "host-menu-command-line"},
+                                  {kLoadedAction, "host-menu-loaded"}};
+    for (const auto& [name, textId] : ids) {
+        if (action == QLatin1String(name))
+            return plainMenuText(qtTrId(textId));
+    }
+    return action;
+}
+
+EditedGroup hostGroup(const std::vector<GroupKey>& hostKeys, const WorkingKeys& working,
+                      const QIcon& noIcon)
+{
+    EditedGroup host{qtTrId("accelerators-host"), {}};
+    for (const GroupKey& key : hostKeys) {
+        const GroupEntry name{key.group, key.command};
+        const auto known = std::find_if(
+            host.commands.begin(), host.commands.end(),
+            [&name](const EditedCommand& command) { return command.keys.command == name; });
+        if (known != host.commands.end())
+            known->keys.packageKeys << key.keys;
+        else
+            host.commands.push_back(
+                {{name, keysOf(name, working), {key.keys}}, hostText(key.command), noIcon});
+    }
+    return host;
+}
+
+// Names of groups have no blanks, so no title can be taken for another or for the host's.
+QString titleOf(const MenuGroup& group)
+{
+    return group.title.isEmpty() ? group.name
+                                 : QStringLiteral("%1 (%2)").arg(group.title, group.name);
+}
+
+} // namespace
+
+std::vector<EditedGroup> editedGroups(const std::vector<GroupKey>& hostKeys,
+                                      const std::vector<ShownGroup>& groups,
+                                      const KeyChanges& changes)
+{
+    const std::vector<GroupKey> keysOfHost = withUserKeys(hostKeys, changes);
+    WorkingKeys working;
+    add(keysOfHost, working);
+    add(assignKeys(keysOfHost, withUserKeys(groups, changes)).working, working);
+
+    const CommandLooks looks(groups);
+    std::vector<EditedGroup> edited{hostGroup(hostKeys, working, looks.of({}).icon)};
+    std::vector<CommandKeys> all = commandKeys(groups, changes);
+    auto next = all.begin();
+    for (const ShownGroup& shown : groups) {
+        edited.push_back({titleOf(shown.group), {}});
+        for (; next != all.end() && next->command.group == shown.group.name; ++next) {
+            next->keys = keysOf(next->command, working);
+            CommandLook look = looks.of(next->command);
+            edited.back().commands.push_back({std::move(*next), look.text, look.icon});
+        }
+    }
+    return edited;
+}
+
+KeyChanges changesAfter(KeyChanges changes, const std::vector<EditedGroup>& shown,
+                        const std::vector<Keys>& now)
+{
+    auto next = now.begin();
+    for (const EditedGroup& group : shown) {
+        for (const EditedCommand& command : group.commands) {
+            if (next == now.end())
+                return changes;
+            if (*next != command.keys.keys)
+                noteKeys(changes, command.keys, *next);
+            ++next;
+        }
+    }
+    return changes;
+}
+
+KeyChanges changesOfOthers(KeyChanges changes, const std::vector<EditedGroup>& shown)
+{
+    for (const EditedGroup& group : shown) {
+        for (const EditedCommand& command : group.commands)
+            changes.erase(command.keys.command);
+    }
+    return changes;
+}
+
+} // namespace quelhost
