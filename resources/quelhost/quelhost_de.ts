@@ -1038,11 +1038,11 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
     </message>
     <message id="toolbars-title">
         <source>Customize Toolbars</source>
-        <translation>Symbolleisten anpassen</translation>
+        <translation>Werkzeugleisten anpassen</translation>
     </message>
     <message id="toolbars-list">
         <source>&amp;Toolbars</source>
-        <translation>&amp;Symbolleisten</translation>
+        <translation>Wer&amp;kzeugleisten</translation>
     </message>
     <message id="toolbars-new">
         <source>&amp;New</source>
@@ -1062,15 +1062,15 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
     </message>
     <message id="toolbars-reset-tip">
         <source>Make the toolbar what its package has</source>
-        <translation>Die Symbolleiste wieder so machen, wie ihr Paket sie hat</translation>
+        <translation>Die Werkzeugleiste wieder so machen, wie ihr Paket sie hat</translation>
     </message>
     <message id="toolbars-reset-same">
         <source>The toolbar is what its package has</source>
-        <translation>Die Symbolleiste ist so, wie ihr Paket sie hat</translation>
+        <translation>Die Werkzeugleiste ist so, wie ihr Paket sie hat</translation>
     </message>
     <message id="toolbars-reset-own">
         <source>Your own toolbar has no package to go back to</source>
-        <translation>Die eigene Symbolleiste hat kein Paket, zu dem es zurückginge</translation>
+        <translation>Die eigene Werkzeugleiste hat kein Paket, zu dem es zurückginge</translation>
     </message>
     <message id="toolbars-reset-all">
         <source>Reset A&amp;ll</source>
@@ -1078,7 +1078,7 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
     </message>
     <message id="toolbars-reset-all-tip">
         <source>Make all toolbars what their packages have; your own stay</source>
-        <translation>Alle Symbolleisten wieder so machen, wie ihre Pakete sie haben; die eigenen bleiben</translation>
+        <translation>Alle Werkzeugleisten wieder so machen, wie ihre Pakete sie haben; die eigenen bleiben</translation>
     </message>
     <message id="toolbars-shown-tip">
         <source>Ticked: shown in the window</source>
@@ -1094,23 +1094,23 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
     </message>
     <message id="toolbars-new-title">
         <source>New toolbar</source>
-        <translation>Neue Symbolleiste</translation>
+        <translation>Neue Werkzeugleiste</translation>
     </message>
     <message id="toolbars-name">
         <source>Name of the toolbar</source>
-        <translation>Name der Symbolleiste</translation>
+        <translation>Name der Werkzeugleiste</translation>
     </message>
     <message id="toolbars-name-needed">
         <source>A toolbar needs a name; this one keeps its own.</source>
-        <translation>Eine Symbolleiste braucht einen Namen; diese behält ihren.</translation>
+        <translation>Eine Werkzeugleiste braucht einen Namen; diese behält ihren.</translation>
     </message>
     <message id="toolbars-name-taken">
         <source>Another toolbar has that name; this one is called "%1".</source>
-        <translation>Eine andere Symbolleiste heißt schon so; diese heißt „%1“.</translation>
+        <translation>Eine andere Werkzeugleiste heißt schon so; diese heißt „%1“.</translation>
     </message>
     <message id="toolbars-deleted-hint">
         <source>This toolbar is deleted. A tick or Reset brings it back.</source>
-        <translation>Diese Symbolleiste ist gelöscht. Ein Haken oder Zurücksetzen holt sie wieder.</translation>
+        <translation>Diese Werkzeugleiste ist gelöscht. Ein Haken oder Zurücksetzen holt sie wieder.</translation>
     </message>
     <message id="toolbars-buttons">
         <source>&amp;Buttons</source>
@@ -1162,7 +1162,7 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
     </message>
     <message id="toolbars-add-tip">
         <source>Put the command on the toolbar, behind the current button</source>
-        <translation>Den Befehl auf die Symbolleiste setzen, hinter die aktuelle Schaltfläche</translation>
+        <translation>Den Befehl auf die Werkzeugleiste setzen, hinter die aktuelle Schaltfläche</translation>
     </message>
     <message id="toolbars-undo">
         <source>Und&amp;o</source>
@@ -1173,8 +1173,8 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
         <translation>&amp;Wiederholen</translation>
     </message>
     <message id="accelerators-title">
-        <source>Accelerators</source>
-        <translation>Tastenkürzel</translation>
+        <source>Customize Accelerators</source>
+        <translation>Tastenkürzel anpassen</translation>
     </message>
     <message id="accelerators-host">
         <source>The program itself</source>
