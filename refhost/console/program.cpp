@@ -94,14 +94,14 @@ Result<std::unique_ptr<LineSource>> makeLines(const Options& options, const Prof
 
 int check(const Options& options, Output& output)
 {
-    std::vector<ShownGroup> loaded;
+    LoadedGroups loaded;
     if (!options.profile.isEmpty()) {
-        Result<std::vector<ShownGroup>> groups = groupsOfProfile(options.profile);
+        Result<LoadedGroups> groups = groupsOfProfile(options.profile);
         if (!groups)
             return fail(kNotDone, groups.fault().text());
         loaded = std::move(groups.value());
     }
-    const PackageCheck result = checkPackages(options.files, std::move(loaded));
+    const PackageCheck result = checkPackages(options.files, loaded);
     for (const QString& line : result.lines)
         output.writeRow(toWide(line));
     return result.allGood ? kEndedNormally : kNotDone;

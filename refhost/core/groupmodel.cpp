@@ -112,7 +112,8 @@ QString GroupChange::counts() const
 QString loadingText(const GroupChange& change)
 {
     return qtTrId("change-adds").arg(change.counts()) +
-           keysText(change.keysOfOthers, "change-keys-stay");
+           keysText(change.keysOfOthers, "change-keys-stay") +
+           keysText(change.keysTaken, "change-keys-taken");
 }
 
 QString unloadingText(const GroupChange& change)
@@ -122,12 +123,13 @@ QString unloadingText(const GroupChange& change)
 }
 
 GroupModel::GroupModel(const std::vector<GroupKey>& hostKeys, const std::vector<ShownGroup>& groups,
-                       UserChanges changes)
+                       UserChanges changes, const QString& mainFile)
     : m_changes(std::move(changes))
     , m_hostKeys(withUserKeys(hostKeys, m_changes.keys))
     , m_groups(withUserKeys(groups, m_changes.keys))
     , m_keys(assignKeys(m_hostKeys, m_groups))
     , m_toolbars(seenToolbars(groups, m_changes.toolbars))
+    , m_mainFile(mainFile.isEmpty() && !groups.empty() ? toQString(groups.front().path) : mainFile)
 {}
 
 const ShownGroup* GroupModel::find(const QString& group) const
@@ -146,8 +148,13 @@ GroupChange GroupModel::changeByLoading(const MenuGroup& group) const
     const KeyAssignment after = assignKeys(m_hostKeys, with);
     GroupChange change = countsOf(loaded.front(), after, m_changes.toolbars);
     for (const LostKey& lost : after.lost) {
-        if (lost.wanted.group == group.name)
+        const bool isWanted = lost.wanted.group == group.name;
+        const bool isKept = lost.kept.group == group.name;
+        if (isWanted && !isKept)
             change.keysOfOthers.push_back(lost.kept);
+        const auto& working = m_keys.working;
+        if (isKept && std::find(working.begin(), working.end(), lost.wanted) != working.end())
+            change.keysTaken.push_back(lost.wanted);
     }
     return change;
 }

@@ -23,6 +23,8 @@ struct GroupChange
     // Keys that the loaded group does not get, or that another group gets back from the unloaded
     // one.
     std::vector<GroupKey> keysOfOthers;
+    // Keys that others lose to the loaded group, because the user chose them for it.
+    std::vector<GroupKey> keysTaken;
 
     // "1 menu, 1 toolbar, 6 accelerators", without what there is none of.
     [[nodiscard]] QString counts() const;
@@ -49,8 +51,9 @@ class GroupModel
 public:
     // The groups as their packages have them, with what the user changed.
     // REQUIRES: no two groups have the same name.
+    // `mainFile` is the path of the main customization file; empty for that of the first group.
     GroupModel(const std::vector<GroupKey>& hostKeys, const std::vector<ShownGroup>& groups,
-               UserChanges changes = {});
+               UserChanges changes = {}, const QString& mainFile = {});
 
     // With the accelerators that are in force.
     [[nodiscard]] const std::vector<ShownGroup>& groups() const { return m_groups; }
@@ -59,6 +62,8 @@ public:
     [[nodiscard]] const KeyAssignment& keys() const { return m_keys; }
     // Of the groups and the user's own, without those that the user deleted or hid.
     [[nodiscard]] const std::vector<EffectiveToolbar>& toolbars() const { return m_toolbars; }
+
+    [[nodiscard]] bool isMainFile(const QString& path) const { return path == m_mainFile; }
 
     // The group of that name, or null.
     [[nodiscard]] const ShownGroup* find(const QString& group) const;
@@ -78,6 +83,7 @@ private:
     std::vector<ShownGroup> m_groups;
     KeyAssignment m_keys;
     std::vector<EffectiveToolbar> m_toolbars;
+    QString m_mainFile;
 };
 
 // What loading the group of that file would do, as a user is told beforehand: what it adds, or why

@@ -38,6 +38,8 @@ KeyAssignment assignKeys(const std::vector<GroupKey>& hostKeys,
 {
     KeyAssignment result;
     Keepers keepers;
+    const QKeySequence cancel(Qt::Key_Escape);
+    keepers.emplace(cancel, GroupKey{QStringLiteral("Quelhost"), QStringLiteral("cancel"), cancel});
     for (const GroupKey& own : hostKeys)
         keepers.emplace(own.keys, own);
     for (const bool chosen : {true, false}) {

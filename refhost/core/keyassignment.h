@@ -36,10 +36,10 @@ struct KeyAssignment
     std::vector<LostKey> lost;
 };
 
-// The host keeps its own keys, and what the user chose goes before what packages want. The group
-// that was loaded first, that is, stands first in `groups`, keeps a key from the others; within a
-// group the first accelerator does. What is lost comes back when the other group goes. Keys typed
-// one after the other are lost to a command that has the first of them.
+// The host keeps its own keys and Esc, and what the user chose goes before what packages want. The
+// group that was loaded first, that is, stands first in `groups`, keeps a key from the others;
+// within a group the first accelerator does. What is lost comes back when the other group goes.
+// Keys typed one after the other are lost to a command that has the first of them.
 [[nodiscard]] KeyAssignment assignKeys(const std::vector<GroupKey>& hostKeys,
                                        const std::vector<ShownGroup>& groups);
 

@@ -1,4 +1,4 @@
-// Texts of menus and toolbars for readers who press no letters.
+// Texts of menus and toolbars, with and without letters to press.
 #pragma once
 
 #include <QString>
@@ -11,6 +11,12 @@ namespace quelhost {
     text.replace(QStringLiteral("&&"), QChar(0));
     text.remove(QLatin1Char('&'));
     return text.replace(QChar(0), QLatin1Char('&'));
+}
+
+// The text for a menu or a button, where it has no letter to press and reads as it stands.
+[[nodiscard]] inline QString unmarkedMenuText(QString text)
+{
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 } // namespace quelhost

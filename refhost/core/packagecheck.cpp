@@ -5,6 +5,7 @@
 #include "refhost/core/package.h"
 #include "refhost/core/settingsstore.h"
 #include "refhost/core/storedconfig.h"
+#include "refhost/core/usercustomization.h"
 #include "refhost/core/widetext.h"
 
 #include <QFileInfo>
@@ -33,21 +34,18 @@ namespace {
 
 } // namespace
 
-PackageCheck checkPackages(const QStringList& paths, std::vector<ShownGroup> loaded)
+PackageCheck checkPackages(const QStringList& paths, const LoadedGroups& loaded)
 {
     PackageCheck check;
-    GroupModel model(hostKeys(), std::move(loaded));
+    std::vector<ShownGroup> groups = loaded.groups;
     for (const QString& path : paths) {
         const PackageReading reading = readPackage(path);
         if (reading) {
-            check.lines << goodLine(path, reading.group())
-                        << changeLine(model, path, reading.group());
-            if (model.find(reading.group().name) == nullptr) {
-                std::vector<ShownGroup> groups = model.groups();
-                const QString absolute = QFileInfo(path).absoluteFilePath();
-                groups.push_back({toWide(absolute), reading.group(), false});
-                model = GroupModel(hostKeys(), std::move(groups));
-            }
+            const MenuGroup& group = reading.group();
+            const GroupModel model(hostKeys(), groups, loaded.changes);
+            check.lines << goodLine(path, group) << changeLine(model, path, group);
+            if (model.find(group.name) == nullptr)
+                groups.push_back({toWide(QFileInfo(path).absoluteFilePath()), group, false});
             continue;
         }
         check.allGood = false;
@@ -57,7 +55,7 @@ PackageCheck checkPackages(const QStringList& paths, std::vector<ShownGroup> loa
     return check;
 }
 
-Result<std::vector<ShownGroup>> groupsOfProfile(const QString& folder)
+Result<LoadedGroups> groupsOfProfile(const QString& folder)
 {
     const auto settings = SettingsStore::open(folder, SettingsAccess::ReadOnly);
     if (!settings)
@@ -66,7 +64,7 @@ Result<std::vector<ShownGroup>> groupsOfProfile(const QString& folder)
     StoredConfig config(*settings.value(), ignore);
     ShownMenuGroups groups(config, ignore);
     groups.refresh();
-    return groups.groups();
+    return LoadedGroups{groups.groups(), UserCustomization(*settings.value(), ignore).changes()};
 }
 
 } // namespace quelhost

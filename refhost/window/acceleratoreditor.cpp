@@ -99,7 +99,7 @@ AcceleratorEditor::AcceleratorEditor(std::vector<GroupKey> hostKeys, std::vector
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(m_list);
     addButtons();
-    show(changes);
+    showChanges(changes);
     connect(m_list, &KeyList::changed, this, &AcceleratorEditor::enableResets);
     enableResets();
     m_list->focusSearch();
@@ -142,11 +142,11 @@ KeyChanges AcceleratorEditor::changes() const
 }
 
 // Who has a key then is what it will be in the window: a command may get or lose one to another.
-void AcceleratorEditor::show(const KeyChanges& changes)
+void AcceleratorEditor::showChanges(const KeyChanges& changes)
 {
     m_changes = changes;
     m_shown = editedGroups(m_hostKeys, m_groups, m_changes);
-    m_list->show(m_shown);
+    m_list->showGroups(m_shown);
 }
 
 void AcceleratorEditor::enableResets()
@@ -166,12 +166,12 @@ void AcceleratorEditor::resetCurrent()
         return;
     KeyChanges now = changes();
     now.erase(*command);
-    show(now);
+    showChanges(now);
 }
 
 void AcceleratorEditor::resetAll()
 {
-    show(changesOfOthers(changes(), m_shown));
+    showChanges(changesOfOthers(changes(), m_shown));
 }
 
 void AcceleratorEditor::importFile()
@@ -181,7 +181,7 @@ void AcceleratorEditor::importFile()
         return;
     const Result<KeyChanges> imported = importKeys(*path);
     if (imported)
-        show(imported.value());
+        showChanges(imported.value());
     else
         m_prompts.tell(*this, imported.fault());
 }

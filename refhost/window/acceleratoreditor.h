@@ -46,12 +46,13 @@ public:
 
     // The user's changes as the editor has them now, those of other commands included.
     [[nodiscard]] KeyChanges changes() const;
+    // Shows the keys as they are with these changes, in place of all that was done.
+    void showChanges(const KeyChanges& changes);
 
 private:
     void addButtons();
     [[nodiscard]] QPushButton* makeButton(const char* name, const char* textId, const char* tipId,
                                           void (AcceleratorEditor::*action)());
-    void show(const KeyChanges& changes);
     void enableResets();
     void resetCurrent();
     void resetAll();

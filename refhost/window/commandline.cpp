@@ -129,7 +129,8 @@ void CommandLine::ask(const LineRequest& request)
     m_line->setAccessibleName(prompt);
     m_line->setEnabled(true);
     showKeywords();
-    focusLine();
+    if (m_hadFocus || window()->focusWidget() == nullptr)
+        focusLine();
 }
 
 void CommandLine::endPrompt()
@@ -137,6 +138,8 @@ void CommandLine::endPrompt()
     closeSuggestions();
     m_request.reset();
     m_prompt->showPrompt({});
+    const QWidget* const focus = window()->focusWidget();
+    m_hadFocus = focus == nullptr || isAncestorOf(focus);
     m_line->setEnabled(false);
     m_keywords->setKeywords({}, {});
 }

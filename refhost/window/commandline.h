@@ -107,6 +107,7 @@ private:
     QPointer<SuggestionList> m_suggestions; // lies in the window while it is open
     LineHistory m_history;
     std::optional<LineRequest> m_request;
+    bool m_hadFocus = true;     // before the last prompt ended; who works elsewhere stays there
     std::size_t m_recalled = 0; // how far back in the history; 0 for the line being typed
     QString m_typed;            // that line, while the history is looked at
     Begun m_begun;              // what the suggestions are for

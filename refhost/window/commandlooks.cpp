@@ -12,13 +12,6 @@ namespace {
 
 constexpr QSize kLargest(64, 64);
 
-QIcon emptyIcon()
-{
-    QPixmap picture(kLargest);
-    picture.fill(Qt::transparent);
-    return QIcon(picture);
-}
-
 CommandLook lookOf(const MenuGroup& group, const MenuCommand& command)
 {
     const QString text = plainMenuText(command.text);
@@ -28,6 +21,13 @@ CommandLook lookOf(const MenuGroup& group, const MenuCommand& command)
 }
 
 } // namespace
+
+QIcon emptyIcon()
+{
+    QPixmap picture(kLargest);
+    picture.fill(Qt::transparent);
+    return QIcon(picture);
+}
 
 CommandLooks::CommandLooks(const std::vector<ShownGroup>& groups)
     : m_noIcon(emptyIcon())

@@ -20,6 +20,9 @@ struct CommandLook
     QIcon icon;   // an empty picture for none, so that texts stand below each other
 };
 
+// The picture of what has none.
+[[nodiscard]] QIcon emptyIcon();
+
 // Of all commands of the loaded groups; what is not there is called by its name and says why.
 class CommandLooks
 {

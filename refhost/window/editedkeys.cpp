@@ -3,6 +3,7 @@
 #include "refhost/core/hostkeys.h"
 #include "refhost/core/menutext.h"
 #include "refhost/window/commandlooks.h"
+#include "refhost/window/packageicon.h"
 
 #include <algorithm>
 #include <map>
@@ -73,16 +74,18 @@ std::vector<EditedGroup> editedGroups(const std::vector<GroupKey>& hostKeys,
     add(keysOfHost, working);
     add(assignKeys(keysOfHost, withUserKeys(groups, changes)).working, working);
 
-    const CommandLooks looks(groups);
-    std::vector<EditedGroup> edited{hostGroup(hostKeys, working, looks.of({}).icon)};
+    const QIcon noIcon = emptyIcon();
+    std::vector<EditedGroup> edited{hostGroup(hostKeys, working, noIcon)};
     std::vector<CommandKeys> all = commandKeys(groups, changes);
     auto next = all.begin();
     for (const ShownGroup& shown : groups) {
         edited.push_back({titleOf(shown.group), {}});
-        for (; next != all.end() && next->command.group == shown.group.name; ++next) {
+        edited.back().commands.reserve(shown.group.commands.size());
+        for (const MenuCommand& command : shown.group.commands) {
             next->keys = keysOf(next->command, working);
-            CommandLook look = looks.of(next->command);
-            edited.back().commands.push_back({std::move(*next), look.text, look.icon});
+            const QIcon icon = commandIcon(shown.group, command);
+            edited.back().commands.push_back(
+                {std::move(*next++), plainMenuText(command.text), icon.isNull() ? noIcon : icon});
         }
     }
     return edited;

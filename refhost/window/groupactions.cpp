@@ -1,21 +1,12 @@
 #include "refhost/window/groupactions.h"
 
+#include "refhost/core/menutext.h"
+
 #include <QWidget>
 
 #include <algorithm>
 
 namespace quelhost {
-
-namespace {
-
-QString lostSentence(const LostKey& key)
-{
-    return qtTrId("window-key-lost")
-        .arg(key.wanted.keys.toString(QKeySequence::NativeText), key.kept.group, key.kept.command,
-             key.wanted.group, key.wanted.command);
-}
-
-} // namespace
 
 GroupActions::GroupActions(QWidget& window)
     : m_window(window)
@@ -79,6 +70,20 @@ void GroupActions::assign(const KeyAssignment& keys)
         lost.push_back(key.wanted);
     }
     m_lost = std::move(lost);
+}
+
+QString GroupActions::lostSentence(const LostKey& key) const
+{
+    return qtTrId("window-key-lost")
+        .arg(key.wanted.keys.toString(QKeySequence::NativeText), key.kept.group, nameOf(key.kept),
+             key.wanted.group, nameOf(key.wanted));
+}
+
+// As the user knows it; the host's own commands have no text here.
+QString GroupActions::nameOf(const GroupKey& key) const
+{
+    const MacroAction* const action = find(key.group, key.command);
+    return action == nullptr ? key.command : plainMenuText(action->text());
 }
 
 QStringList GroupActions::takeLostKeys()

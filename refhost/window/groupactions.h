@@ -38,6 +38,8 @@ public:
     // The action of a command of a shown group, or null.
     [[nodiscard]] MacroAction* find(const QString& group, const QString& command) const;
 
+    [[nodiscard]] bool hasGroup(const QString& group) const { return m_byName.count(group) > 0; }
+
     // As MacroAction tells.
     void setCommandAsking(bool asking);
 
@@ -47,6 +49,8 @@ signals:
 private:
     [[nodiscard]] GroupObjects<MacroAction>::Objects makeActions(const MenuGroup& group);
     void assign(const KeyAssignment& keys);
+    [[nodiscard]] QString lostSentence(const LostKey& key) const;
+    [[nodiscard]] QString nameOf(const GroupKey& key) const;
 
     QWidget& m_window;
     GroupObjects<MacroAction> m_actions;

@@ -51,10 +51,25 @@ void GroupToolbars::show(const std::vector<EffectiveToolbar>& toolbars)
         fill(*toolbar, described);
         group = &described.name.group;
     }
+    letGo(former);
     former.clear();
     // Each group begins a row: side by side, few of their buttons would be seen.
     for (const auto& [toolbar, isFirst] : added)
         m_places.add(*toolbar, isFirst);
+}
+
+// The user took away what goes without its group: it was not meant to be hidden when it is back,
+// and one of the user's own that comes later is another.
+void GroupToolbars::letGo(const Toolbars& gone)
+{
+    for (const auto& [name, toolbar] : gone) {
+        if (toolbar == nullptr)
+            continue;
+        if (name.group.isEmpty())
+            m_places.forget(toolbar->objectName());
+        else if (m_actions.hasGroup(name.group))
+            m_places.unhide(toolbar->objectName());
+    }
 }
 
 QList<QAction*> GroupToolbars::actionsOf(const EffectiveToolbar& described) const

@@ -36,6 +36,7 @@ private:
     using Toolbars = std::map<GroupEntry, std::unique_ptr<QToolBar>>;
 
     [[nodiscard]] QList<QAction*> actionsOf(const EffectiveToolbar& described) const;
+    void letGo(const Toolbars& gone);
     void fill(QToolBar& toolbar, const EffectiveToolbar& described) const;
 
     const GroupActions& m_actions;

@@ -80,7 +80,7 @@ KeyList::KeyList(QWidget* parent)
 
 KeyList::~KeyList() = default;
 
-void KeyList::show(const std::vector<EditedGroup>& groups)
+void KeyList::showGroups(const std::vector<EditedGroup>& groups)
 {
     const std::optional<std::size_t> at = current();
     m_editor->clearCollections();
@@ -102,7 +102,8 @@ void KeyList::addGroup(const EditedGroup& group)
         auto* const action = new QAction(command.icon, markedText(command.text));
         // Some names make the library leave an action out, so a command's id is none.
         collection->addAction(QStringLiteral("command%1").arg(m_actions.size()), action);
-        collection->setDefaultShortcuts(action, command.keys.packageKeys);
+        if (!command.keys.packageKeys.isEmpty())
+            collection->setDefaultShortcuts(action, command.keys.packageKeys);
         action->setShortcuts(command.keys.keys);
         m_actions.push_back(action);
     }

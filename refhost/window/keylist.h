@@ -31,7 +31,7 @@ public:
 
     // Shows these commands and no others; the current one stays.
     // REQUIRES: different titles.
-    void show(const std::vector<EditedGroup>& groups);
+    void showGroups(const std::vector<EditedGroup>& groups);
 
     // The keys of each command as they are now, in the order in which they were shown.
     [[nodiscard]] std::vector<Keys> keys() const;

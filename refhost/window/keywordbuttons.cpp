@@ -1,5 +1,6 @@
 #include "refhost/window/keywordbuttons.h"
 
+#include "refhost/core/menutext.h"
 #include "refhost/window/plaintip.h"
 
 #include <QEvent>
@@ -112,7 +113,7 @@ QToolButton* KeywordButtons::addButton()
 void KeywordButtons::label(QToolButton& button, const QString& keyword, bool isByEnter)
 {
     QString text = keyword;
-    button.setText(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
+    button.setText(unmarkedMenuText(text));
     QFont underlined;
     underlined.setUnderline(true); // it looks like a text else, until the mouse comes
     underlined.setBold(isByEnter);

@@ -7,11 +7,13 @@
 #include <KSharedConfig>
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QIcon>
 #include <QStandardPaths>
 #include <QTranslator>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace quelhost {
@@ -27,13 +29,18 @@ struct Stores
     KSharedConfig::Ptr state;
 };
 
-Stores& stores()
+// Named, it is opened without a look at whether it could be written. Whatever a library should
+// store after all stays among the files of the program.
+Stores openStores(const QString& folder)
 {
-    // The program's own settings are elsewhere, and this is a file that holds nothing.
-    static Stores opened = [] {
-        KConfig::setMainConfigName(QStringLiteral("/dev/null"));
-        return Stores{KSharedConfig::openConfig(), KSharedConfig::openStateConfig()};
-    }();
+    KConfig::setMainConfigName(QFileInfo(folder).absoluteFilePath() +
+                               QStringLiteral("/libraries.ini"));
+    return {KSharedConfig::openConfig(KConfig::mainConfigName()), KSharedConfig::openStateConfig()};
+}
+
+std::optional<Stores>& stores()
+{
+    static std::optional<Stores> opened;
     return opened;
 }
 
@@ -89,15 +96,14 @@ void addIcons()
 
 } // namespace
 
-void prepareLibraries(const QString& language)
+void prepareLibraries(const QString& language, const QString& folder)
 {
-    static const bool isFirst = [] {
+    if (!stores()) {
+        stores() = openStores(folder);
         // Otherwise a library gives letters to press to the texts of whatever window is shown.
-        KConfigGroup(stores().settings, "Development").writeEntry("AutoCheckAccelerators", false);
+        KConfigGroup(stores()->settings, "Development").writeEntry("AutoCheckAccelerators", false);
         addIcons();
-        return true;
-    }();
-    static_cast<void>(isFirst);
+    }
     dropLibraryState();
     const QStringList languages = languageFallbacks(language);
     KLocalizedString::setLanguages(languages);
@@ -106,8 +112,10 @@ void prepareLibraries(const QString& language)
 
 void dropLibraryState()
 {
-    stores().settings->markAsClean();
-    stores().state->markAsClean();
+    if (!stores())
+        return;
+    stores()->settings->markAsClean();
+    stores()->state->markAsClean();
 }
 
 } // namespace quelhost

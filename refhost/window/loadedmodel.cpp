@@ -233,12 +233,13 @@ void LoadedModel::show(const GroupModel& model, const QStringList& unshownFiles)
     m_root = std::make_unique<Node>();
     const CommandRows commands(model);
     for (const ShownGroup& shown : model.groups())
-        Builder(model, commands).addGroup(*m_root, shown, &shown == &model.groups().front());
+        Builder(model, commands).addGroup(*m_root, shown, model.isMainFile(toQString(shown.path)));
     Builder(model, commands).addOwnToolbars(*m_root);
     for (const QString& path : unshownFiles) {
         LoadedRow row;
         row.kind = LoadedRow::Kind::UnshownFile;
         row.isMissing = !QFileInfo::exists(path);
+        row.isMainFile = model.isMainFile(path);
         row.name = qtTrId(row.isMissing ? "loaded-file-missing" : "loaded-file-refused")
                        .arg(QFileInfo(path).fileName());
         row.detail = path;
@@ -255,34 +256,19 @@ const LoadedRow* LoadedModel::row(const QModelIndex& index) const
     return index.isValid() ? &nodeOf(index).row : nullptr;
 }
 
-template<typename Test>
-QModelIndex LoadedModel::findInGroup(const QString& group, const Test& test) const
+QModelIndex LoadedModel::keyIndex(const QString& group, const QString& key) const
 {
     for (const auto& node : m_root->children) {
         if (node->row.group != group)
             continue;
         for (const auto& section : node->children) {
             for (const auto& child : section->children) {
-                if (test(child->row))
+                if (child->row.kind == LoadedRow::Kind::Key && child->row.keys == key)
                     return indexOf(*child);
             }
         }
     }
     return {};
-}
-
-QModelIndex LoadedModel::commandIndex(const QString& group, const QString& command) const
-{
-    return findInGroup(group, [&command](const LoadedRow& row) {
-        return row.kind == LoadedRow::Kind::Command && row.command == command;
-    });
-}
-
-QModelIndex LoadedModel::keyIndex(const QString& group, const QString& key) const
-{
-    return findInGroup(group, [&key](const LoadedRow& row) {
-        return row.kind == LoadedRow::Kind::Key && row.keys == key;
-    });
 }
 
 const LoadedModel::Node& LoadedModel::nodeOf(const QModelIndex& index) const

@@ -46,15 +46,12 @@ public:
     explicit LoadedModel(QObject* parent = nullptr);
     ~LoadedModel() override;
 
-    // Shows these groups, of which the first is that of the main customization file, and behind
-    // them the files that the list names but that are not shown.
+    // Shows these groups and behind them the files that the list names but that are not shown.
     void show(const GroupModel& model, const QStringList& unshownFiles);
 
     // The row, or null for an index of none.
     [[nodiscard]] const LoadedRow* row(const QModelIndex& index) const;
-    // The row of a command in the list of its group's commands; invalid when there is none.
-    [[nodiscard]] QModelIndex commandIndex(const QString& group, const QString& command) const;
-    // The row of the key that is called so.
+    // The row of the key that is called so; invalid when there is none.
     [[nodiscard]] QModelIndex keyIndex(const QString& group, const QString& key) const;
 
     [[nodiscard]] QModelIndex index(int row, int column,
@@ -73,8 +70,6 @@ private:
 
     [[nodiscard]] const Node& nodeOf(const QModelIndex& index) const;
     [[nodiscard]] QModelIndex indexOf(const Node& node) const;
-    template<typename Test>
-    [[nodiscard]] QModelIndex findInGroup(const QString& group, const Test& test) const;
 
     std::unique_ptr<Node> m_root;
 };

@@ -1,5 +1,6 @@
 #include "refhost/window/loadedview.h"
 
+#include "refhost/core/menutext.h"
 #include "refhost/window/plaintip.h"
 
 #include <QApplication>
@@ -36,16 +37,27 @@ QString placeText(const CommandPlace& place)
     return qtTrId("loaded-place-key").arg(place.text);
 }
 
-// A text as a menu item that has no letter to press.
-QString itemText(QString text)
+// The rows that were searched for, and everything of a group that is called so.
+class FoundRows final : public QSortFilterProxyModel
 {
-    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
-}
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+protected:
+    [[nodiscard]] bool filterAcceptsRow(int row, const QModelIndex& parent) const override
+    {
+        bool accepts = QSortFilterProxyModel::filterAcceptsRow(row, parent);
+        for (QModelIndex above = parent; above.isValid() && !accepts; above = above.parent())
+            accepts = QSortFilterProxyModel::filterAcceptsRow(above.row(), above.parent());
+        return accepts;
+    }
+};
 
 } // namespace
 
 LoadedView::LoadedView(QWidget* parent)
     : QWidget(parent)
+    , m_found(*new FoundRows(this))
     , m_search(new QLineEdit(this))
     , m_tree(new QTreeView(this))
     , m_load(new QPushButton(qtTrId("loaded-load"), this))
@@ -58,6 +70,7 @@ LoadedView::LoadedView(QWidget* parent)
     m_search->setPlaceholderText(qtTrId("loaded-search"));
     m_search->setAccessibleName(qtTrId("loaded-search"));
     m_search->setClearButtonEnabled(true);
+    m_search->setAcceptDrops(false); // files that are dropped here are for the window
     connect(m_search, &QLineEdit::textChanged, this, &LoadedView::search);
     column->addWidget(m_search);
     addTree();
@@ -175,8 +188,7 @@ void LoadedView::tellUnload(const LoadedRow* row)
         tip = qtTrId("loaded-unload-none");
     } else if (row->kind == LoadedRow::Kind::UnshownFile && row->isMissing) {
         tip = qtTrId("loaded-missing-tip");
-    } else if (m_model && !m_model->groups().empty() &&
-               row->group == m_model->groups().front().group.name) {
+    } else if (m_model && m_model->isMainFile(row->path)) {
         tip = qtTrId("loaded-main-file");
     } else {
         possible = true;
@@ -202,7 +214,7 @@ void LoadedView::fillPlaces(QMenu& menu)
     if (row == nullptr || row->command.isEmpty())
         return;
     for (const CommandPlace& place : m_model->placesOf(row->group, row->command)) {
-        connect(menu.addAction(itemText(placeText(place))), &QAction::triggered, this,
+        connect(menu.addAction(unmarkedMenuText(placeText(place))), &QAction::triggered, this,
                 [this, place, group = row->group, command = row->command] {
                     emit placeWanted(group, command, place);
                 });
@@ -236,11 +248,6 @@ void LoadedView::openContextMenu(const QPoint& at)
     QAction* const unloading = menu.addAction(m_unload->text(), this, &LoadedView::unload);
     unloading->setEnabled(m_unload->isEnabled());
     menu.exec(m_tree->viewport()->mapToGlobal(at));
-}
-
-void LoadedView::goToCommand(const QString& group, const QString& command)
-{
-    goTo(m_rows.commandIndex(group, command));
 }
 
 void LoadedView::goToKey(const QString& group, const QString& key)

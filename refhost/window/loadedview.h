@@ -31,8 +31,7 @@ public:
 
     // Puts the keyboard focus into the search.
     void focusSearch();
-    // Goes to the row of a command, or of one of its keys, whatever is searched for.
-    void goToCommand(const QString& group, const QString& command);
+    // Goes to the row of a key, whatever is searched for.
     void goToKey(const QString& group, const QString& key);
 
 signals:
@@ -60,7 +59,7 @@ private:
     void unfold(const QStringList& names, const QString& current, const QModelIndex& parent = {});
 
     LoadedModel m_rows;
-    QSortFilterProxyModel m_found;
+    QSortFilterProxyModel& m_found;
     std::optional<GroupModel> m_model;
     QLineEdit* const m_search;
     QTreeView* const m_tree;

@@ -24,6 +24,7 @@ constexpr QSize kStartSize(1200, 760);
 constexpr int kStartCommandLineHeight = 240;
 constexpr int kStartLoadedWidth = 440;
 constexpr int kPointedFor = 1500; // milliseconds
+constexpr int kToldFor = 5000;
 
 constexpr char kGeometry[] = "window/geometry";
 constexpr char kState[] = "window/state";
@@ -88,8 +89,11 @@ MainWindow::MainWindow(const QString& historyFile)
     connect(m_loaded, &LoadedView::placeWanted, this, &MainWindow::showPlace);
     connect(m_loaded, &LoadedView::runWanted, this,
             [this](const QString& group, const QString& command) {
-                if (QAction* const action = m_actions.find(group, command))
+                QAction* const action = m_actions.find(group, command);
+                if (action != nullptr && action->isEnabled())
                     action->trigger();
+                else if (action != nullptr)
+                    statusBar()->showMessage(action->statusTip(), kToldFor);
             });
     connectHostMenu();
     addDocks();
@@ -208,15 +212,11 @@ void MainWindow::pointAtButton(QToolBar& toolbar, QAction& action)
                        {}, kPointedFor);
 }
 
-void MainWindow::restoreBeforeGroups(const QSettings& kept)
+void MainWindow::restore(const QSettings& kept)
 {
     m_toolbars.places().fromValues(kept.value(QLatin1String(kToolbars)).toMap());
     m_hostMenu->recentFiles().setFiles(
         RecentFiles(kept.value(QLatin1String(kRecentFiles)).toStringList()));
-}
-
-void MainWindow::restoreAfterGroups(const QSettings& kept)
-{
     restoreGeometry(kept.value(QLatin1String(kGeometry)).toByteArray());
     restoreState(kept.value(QLatin1String(kState)).toByteArray());
 }

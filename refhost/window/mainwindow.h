@@ -30,9 +30,8 @@ public:
 
     [[nodiscard]] CommandLine& commandLine() { return *m_commandLine; }
 
-    // Shows exactly the menus, toolbars and keys of these groups; the first is that of the main
-    // customization file. `unshownFiles` are listed, but missing or refused. Returns what the user
-    // is to be told about the keys, a sentence each.
+    // Shows exactly the menus, toolbars and keys of these groups. `unshownFiles` are listed, but
+    // missing or refused. Returns what the user is to be told about the keys, a sentence each.
     [[nodiscard]] QStringList showGroups(GroupModel model, const QStringList& unshownFiles);
     // While a command asks, only what begins with a cancel can be chosen.
     void setCommandAsking(bool asking);
@@ -41,9 +40,9 @@ public:
     [[nodiscard]] std::vector<PaletteGroup> paletteGroups() const;
 
     // Takes back what a former window kept: its place, its docks, the places of all toolbars that
-    // it ever had, and the recent files. The places are to be there before the toolbars.
-    void restoreBeforeGroups(const QSettings& kept);
-    void restoreAfterGroups(const QSettings& kept);
+    // it ever had, and the recent files.
+    // REQUIRES: no groups were shown yet.
+    void restore(const QSettings& kept);
     void keep(QSettings& kept);
 
 signals:

@@ -1,5 +1,6 @@
 #include "refhost/window/recentfilesmenu.h"
 
+#include "refhost/core/menutext.h"
 #include "refhost/core/package.h"
 #include "refhost/core/widetext.h"
 #include "refhost/window/plaintip.h"
@@ -31,9 +32,10 @@ RecentFilesMenu::RecentFilesMenu(const QString& title, QWidget* parent)
 
 void RecentFilesMenu::follow(const GroupModel& model)
 {
-    const std::vector<ShownGroup>& groups = model.groups();
-    for (std::size_t i = 1; i < groups.size(); ++i) {
-        const QString path = toQString(groups[i].path);
+    for (const ShownGroup& shown : model.groups()) {
+        const QString path = toQString(shown.path);
+        if (model.isMainFile(path))
+            continue;
         const bool isKnown = m_model ? isShown(*m_model, path) : m_files.paths().contains(path);
         if (!isKnown)
             m_files.add(path);
@@ -58,10 +60,11 @@ void RecentFilesMenu::addFile(const QString& path, int number)
     const char* const mark = isLoaded        ? "recent-loaded"
                              : info.exists() ? "recent-file"
                                              : "recent-missing";
-    QString name = info.fileName();
-    name.replace(QLatin1Char('&'), QStringLiteral("&&"));
-    QAction* const action =
-        addAction(QStringLiteral("&%1  %2").arg(QString::number(number), qtTrId(mark).arg(name)));
+    // The letter to press is the number's last: 1 to 9, and 0 for the tenth.
+    QString label = QString::number(number);
+    label.insert(label.size() - 1, QLatin1Char('&'));
+    const QString name = unmarkedMenuText(info.fileName());
+    QAction* const action = addAction(QStringLiteral("%1  %2").arg(label, qtTrId(mark).arg(name)));
     action->setStatusTip(path);
     action->setToolTip(plainTip(m_asking ? qtTrId("window-asking-first") : path));
     action->setEnabled(!isLoaded && info.exists() && !m_asking);

@@ -22,8 +22,8 @@ public:
     [[nodiscard]] const RecentFiles& files() const { return m_files; }
     void setFiles(const RecentFiles& files) { m_files = files; }
 
-    // Takes note of what is loaded: new files, but for that of the first group, which is the main
-    // customization file, come to the front of the menu.
+    // Takes note of what is loaded: new files, but for the main customization file, come to the
+    // front of the menu.
     void follow(const GroupModel& model);
     // While a command asks, nothing can be loaded, and the items say why.
     void setCommandAsking(bool asking) { m_asking = asking; }

@@ -138,6 +138,16 @@ void ToolbarPlaces::add(QToolBar& toolbar, bool inNewRow)
         toolbar.hide();
 }
 
+void ToolbarPlaces::forget(const QString& name)
+{
+    unhide(name);
+    for (Rows& rows : m_rows) {
+        for (Row& row : rows)
+            row.erase(std::remove(row.begin(), row.end(), name), row.end());
+        rows.erase(std::remove(rows.begin(), rows.end(), Row()), rows.end());
+    }
+}
+
 // The window can put a toolbar before another one only, and begin and end rows.
 void ToolbarPlaces::insert(QToolBar& toolbar, const Spot& spot)
 {

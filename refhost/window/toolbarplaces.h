@@ -30,6 +30,11 @@ public:
     // behind all others, in a row of its own if that is wanted.
     void add(QToolBar& toolbar, bool inNewRow);
 
+    // A toolbar of that name was taken away for good: one that comes is another.
+    void forget(const QString& name);
+    // A toolbar of that name is shown when it comes back, even if it was hidden.
+    void unhide(const QString& name) { m_hidden.remove(name); }
+
     // The places as they were noted last, as plain values, and back. What is no such value is no
     // place.
     [[nodiscard]] QVariantMap toValues() const;

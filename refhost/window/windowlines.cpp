@@ -3,6 +3,7 @@
 #include "refhost/core/widetext.h"
 
 #include <QCoreApplication>
+#include <QCoreApplication>
 #include <QEventLoop>
 
 #include <utility>
@@ -50,6 +51,10 @@ Line WindowLines::nextLine(const LineRequest& request)
         } else if (m_typed.empty()) {
             wait(request);
         } else if (m_typed.front().kind != Typed::Kind::LetEnd) {
+            // Many rows may have been pasted: the user can still stop them.
+            QCoreApplication::processEvents();
+            if (m_typed.empty() || m_ended)
+                continue;
             const Typed typed = std::move(m_typed.front());
             m_typed.pop_front();
             if (forCommand && typed.kind == Typed::Kind::ByHand)

@@ -62,8 +62,8 @@ void keepWindow(MainWindow& window, QSettings& kept)
 Status runInWindow(const Options& options, const InstalledFiles& files)
 {
     QGuiApplication::setDesktopFileName(QStringLiteral("quelhost"));
-    prepareLibraries(options.language);
     const QString folder = options.profile.isEmpty() ? Profile::defaultFolder() : options.profile;
+    prepareLibraries(options.language, folder);
     MainWindow window(folder + QStringLiteral("/history"));
     WindowOutput output(window.commandLine());
     WindowLines* typed = nullptr;
@@ -81,10 +81,9 @@ Status runInWindow(const Options& options, const InstalledFiles& files)
     Host& host = session.value()->host();
     host.setFace(face);
     QSettings kept(folder + QStringLiteral("/window.ini"), QSettings::IniFormat);
-    window.restoreBeforeGroups(kept);
+    window.restore(kept);
     WindowSession inWindow(host, window, typed);
     face.setPreview([&inWindow](const ToolbarChanges& changes) { inWindow.showToolbars(changes); });
-    window.restoreAfterGroups(kept);
     window.show();
     session.value()->run();
     keepWindow(window, kept);

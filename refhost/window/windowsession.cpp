@@ -1,6 +1,7 @@
 #include "refhost/window/windowsession.h"
 
 #include "refhost/core/hostkeys.h"
+#include "refhost/core/menutext.h"
 #include "refhost/core/package.h"
 #include "refhost/core/widetext.h"
 #include "refhost/window/plaintip.h"
@@ -75,11 +76,13 @@ void WindowSession::showToolbars(const ToolbarChanges& changes)
 
 void WindowSession::showGroups(const UserChanges& changes)
 {
+    const std::vector<std::wstring> listed = m_host.groups.listedPaths();
+    const QString mainFile = listed.empty() ? QString() : toQString(listed.front());
     QStringList unshown;
     for (const std::wstring& path : m_host.groups.notShownPaths())
         unshown << toQString(path);
-    for (const QString& sentence :
-         m_window.showGroups(GroupModel(hostKeys(), m_host.groups.groups(), changes), unshown))
+    for (const QString& sentence : m_window.showGroups(
+             GroupModel(hostKeys(), m_host.groups.groups(), changes, mainFile), unshown))
         m_host.output.writeRow(toWide(sentence));
 }
 
@@ -111,7 +114,7 @@ void WindowSession::run(const QString& command, const QStringList& answers)
 QAction* WindowSession::typing(const QString& command, const QString& text,
                                const QString& tip) const
 {
-    auto* const action = new QAction(text);
+    auto* const action = new QAction(unmarkedMenuText(text));
     action->setToolTip(plainTip(tip));
     connect(action, &QAction::triggered, m_lines, [lines = m_lines, command] {
         lines->type(readMacro(QStringLiteral("{cancel}") + command).steps);

@@ -1244,5 +1244,9 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
         <source>All files</source>
         <translation>Alle Dateien</translation>
     </message>
+    <message id="change-keys-taken" numerus="yes">
+        <source>%1 are taken from %2</source>
+        <translation><numerusform>%1 wird %2 genommen</numerusform><numerusform>%1 werden %2 genommen</numerusform></translation>
+    </message>
 </context>
 </TS>

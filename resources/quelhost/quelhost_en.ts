@@ -1173,8 +1173,8 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
         <translation>&amp;Redo</translation>
     </message>
     <message id="accelerators-title">
-        <source>Accelerators</source>
-        <translation>Accelerators</translation>
+        <source>Customize Accelerators</source>
+        <translation>Customize Accelerators</translation>
     </message>
     <message id="accelerators-host">
         <source>The program itself</source>
@@ -1243,6 +1243,10 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
     <message id="accelerators-all-files">
         <source>All files</source>
         <translation>All files</translation>
+    </message>
+    <message id="change-keys-taken" numerus="yes">
+        <source>%1 are taken from %2</source>
+        <translation><numerusform>%1 is taken from %2</numerusform><numerusform>%1 are taken from %2</numerusform></translation>
     </message>
 </context>
 </TS>

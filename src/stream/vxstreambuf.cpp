@@ -41,8 +41,9 @@ void moveBytes(VxStreamBuf& source, VxStreamBuf& target, unsigned long count,
 
 void copyBytes(VxStreamBuf& source, VxStreamBuf& target, unsigned long count)
 {
-    // On a page of its own: some bytes behind the source's place in a page, a piece can take
-    // several times as long.
+    // From the start of a page on: where the room begins some bytes behind the source's place in a
+    // page, a piece can take several times as long. So it never does for sources in the first half
+    // of a page, such as a large block of the heap from its start.
     alignas(kCopyRoom) std::array<unsigned char, kCopyRoom> staging{};
     moveBytes(source, target, count, staging.data(), kCopyRoom);
 }

@@ -15,13 +15,15 @@
 // Buffers and streams that are handed in are borrowed for the length of the call. Two streams of
 // one call may be the same. There are no locks: a stream is used by one thread at a time.
 //
-// Memory: constant, whatever the count. Copies go through 4096 bytes on the stack. Transfers go
-// through 1024 bytes on the stack when that is enough, else through a heap array of as many bytes
-// as are asked for, at most 1,048,576, which is released before the transfer returns.
+// Memory: bounded, whatever the count. Copies go through 4096 bytes on the stack that begin at a
+// multiple of 4096: their frame takes up to 8191 bytes for them. Transfers go through 1024 bytes on
+// the stack when that is enough, else through a heap array of as many bytes as are asked for, at
+// most 1,048,576, which is released before the transfer returns.
 //
-// Failure: only getBytes reports one. Copies and transfers move on by what they asked for, whether
-// or not the store gave or took all of it. What a store throws passes through, and positions stay
-// where they were at that moment.
+// Failure: only getBytes reports one. Copies and transfers ask for all of their bytes, whether or
+// not a store gave or took what it was asked for before; a stream moves on by as much as its store
+// gave or took. What a store throws passes through, and positions stay where they were at that
+// moment.
 #pragma once
 
 #include "stream/vxstreambufpos.h"
@@ -77,9 +79,10 @@ public:
     [[nodiscard]] virtual unsigned int read(void* buffer, unsigned int count) = 0;
 
     // 13: Transfers `count` bytes from this stream's position to the START of `target`, whose
-    // position afterwards is the one it had before; this stream moves on by `count`. Returns what
-    // the seek back on `target` returned. Nothing is transferred when `count` is 0 or one of the
-    // streams refuses the seek to where the transfer begins; `target` is sought back all the same.
+    // position afterwards is the one it had before; this stream moves on by as much as its store
+    // gave. Returns what the seek back on `target` returned. Nothing is transferred when `count` is
+    // 0 or one of the streams refuses the seek to where the transfer begins; `target` is sought
+    // back all the same.
     // REQUIRES: `target` is not null.
     // Throws std::bad_alloc when there is no memory to transfer through.
     virtual unsigned long readBytes(VxStreamBuf* target, unsigned int count);
@@ -88,15 +91,16 @@ public:
     // REQUIRES: `buffer` holds `count` bytes.
     [[nodiscard]] virtual unsigned int write(const void* buffer, unsigned int count) = 0;
 
-    // 15: The mirror: transfers `count` bytes from the START of `source` to this stream's position.
-    // Returns what the seek back on `source` returned. For the rest, see readBytes.
+    // 15: The mirror: transfers `count` bytes from the START of `source` to this stream's position,
+    // which moves on by as much as its store took. Returns what the seek back on `source` returned.
+    // For the rest, see readBytes.
     virtual unsigned long writeBytes(VxStreamBuf* source, unsigned int count);
 
     // 16: Copies the bytes of `source` between two of ITS positions to this stream's position, and
-    // moves on by as many. `source` goes back to its position. The bounds may be given in either
-    // order. Both 0 mean from the source's position to its end; equal ones otherwise, and a null
-    // `source`, mean nothing. As many bytes are moved as the bounds say, even past the source's
-    // end.
+    // moves on by as much as this store took. `source` goes back to its position. The bounds may be
+    // given in either order. Both 0 mean from the source's position to its end; equal ones
+    // otherwise, and a null `source`, mean nothing. As many bytes are written as the bounds say,
+    // even past the source's end.
     virtual void copyFrom(VxStreamBuf* source, unsigned long start, unsigned long end);
 
     // 17: Copies bytes from this stream's position into `target`, between two of the TARGET's

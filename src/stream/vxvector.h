@@ -1,8 +1,9 @@
 // VxVector: a vector whose copies share one block until the last of them is destroyed.
 //
 // The vector itself is one pointer, null while it has no elements. The block that it points to
-// starts with a 32-bit count of the vectors that share it and holds the array of elements. Hosts
-// and modules read and release each other's vectors and must agree on this.
+// holds, in this order, a 32-bit count of the vectors that share it, the number of elements, the
+// number of those that there is room for, and a pointer to the array of elements, which is apart
+// and from new[]. Hosts and modules read and release each other's vectors and must agree on this.
 //
 // Threads: the count is atomic, so copies of one vector may be made and destroyed by several
 // threads at once. Nothing else is: one vector is used by one thread at a time, and elements that
@@ -55,7 +56,8 @@ private:
     std::atomic<std::int32_t> m_count{1};
 };
 
-// Grows by doubling, so that appending n elements costs n copies and a few.
+// Grows by doubling, so that an element appended to a vector that shares with none costs a constant
+// number of copies on average.
 struct VxVectorDefaultGrowPolicy
 {
     // The room to get for at least `needed` elements where there was room for `room`.
@@ -65,8 +67,9 @@ struct VxVectorDefaultGrowPolicy
     }
 };
 
-// T: has a default constructor and can be assigned. Allocator: static allocate and release, as
-// above, for the block. Counter: the operations of VxRefCounter. GrowPolicy: a static grow.
+// T: has a default and a copy constructor and can be assigned. Allocator: static allocate and
+// release, as above, for the block. Counter: the operations of VxRefCounter. GrowPolicy: a static
+// grow.
 template<typename T, typename Allocator = VxDefaultMemAllocator<T>, typename Counter = VxRefCounter,
          typename GrowPolicy = VxVectorDefaultGrowPolicy>
 class VxVector
@@ -148,7 +151,8 @@ void VxVector<T, Allocator, Counter, GrowPolicy>::append(const T& element)
     if (count == room || m_block->count.isShared()) {
         VxVector larger;
         // As above. GCOVR_EXCL_BR_START
-        larger.m_block = makeBlock(data(), count, GrowPolicy::grow(room, count + 1));
+        larger.m_block =
+            makeBlock(data(), count, count == room ? GrowPolicy::grow(room, count + 1) : room);
         // GCOVR_EXCL_BR_STOP
         std::swap(m_block, larger.m_block);
     }

@@ -208,9 +208,9 @@ TEST(GroupModel, HoldsWhatTheUserChanged)
     const GroupModel survey(host, {kSurvey}, changes);
     ASSERT_EQ(survey.toolbars().size(), 3U);
     EXPECT_EQ(survey.toolbars()[2].shownEntries.size(), 1U);
-    // Its own F5 goes to the host, its Ctrl+K is the user's choice for another command.
+    // The host has its F5; the user's choice for its other command takes Ctrl+K from SURVEY.
     EXPECT_EQ(loadingText(survey.changeByLoading(kPlant.group)).toStdString(),
-              "adds 2 menus, 1 accelerator; Ctrl+K stays with PLANT; F5 stays with Host");
+              "adds 2 menus, 1 accelerator; F5 stays with Host; Ctrl+K is taken from SURVEY");
 }
 
 TEST(GroupModel, TellsBeforehandWhatAFileWouldDo)

@@ -91,3 +91,12 @@ TEST(KeyAssignment, LeavesTheHostItsOwnKeys)
     EXPECT_EQ(text(keys.lost[0].wanted), "Ctrl+K PLANT.pump");
     EXPECT_EQ(text(keys.lost[0].kept), "Ctrl+K Host.find");
 }
+
+TEST(KeyAssignment, LeavesEscToPrompts)
+{
+    const KeyAssignment keys = assignKeys({}, {group("GREEDY", {{"go", "Esc"}, {"on", "F2"}})});
+    ASSERT_EQ(keys.working.size(), 1U);
+    EXPECT_EQ(text(keys.working[0]), "F2 GREEDY.on");
+    ASSERT_EQ(keys.lost.size(), 1U);
+    EXPECT_EQ(text(keys.lost[0].kept), "Esc Quelhost.cancel");
+}

@@ -111,7 +111,7 @@ TEST(PackageCheck, tellsWhatLoadingChangesBesideWhatIsLoaded)
     survey.accelerators = {{QStringLiteral("s"), QKeySequence(Qt::Key_F2)},
                            {QStringLiteral("s"), QKeySequence(Qt::Key_F4)},
                            {QStringLiteral("s"), QKeySequence(Qt::Key_F5)}};
-    const PackageCheck check = checkPackages({plant}, {{L"/t/survey.cuix", survey, false}});
+    const PackageCheck check = checkPackages({plant}, {{{L"/t/survey.cuix", survey, false}}, {}});
     ASSERT_EQ(check.lines.size(), 2);
     EXPECT_EQ(check.lines.at(1), plant + QStringLiteral(": adds 2 menus, 1 toolbar, 2 accelerators;"
                                                         " F2, F4 stay with SURVEY"));

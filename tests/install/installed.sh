@@ -1,8 +1,8 @@
 #!/bin/sh
 # installed.sh CHECK FOLDER: one check of an installation; FOLDER is the check's own and made anew.
 # The environment says what is checked: SOURCE and BUILD, the trees; PREFIX, where the check
-# "install" puts the installation that the others use; LIB, its folder of libraries; CMAKE and CXX,
-# the programs; STRIP, an option for installing.
+# "install" puts the installation that the others use; LIB, its folder of libraries; CONFIG, the
+# kind of build in small letters; CMAKE and CXX, the programs; STRIP, an option for installing.
 set -u
 
 here=$(cd "$(dirname "$0")" && pwd) || exit 1
@@ -90,7 +90,9 @@ expected_files() {
         "$LIB/quelhost/libquelhost.so" "$LIB/quelhost/libquelhost_window.so" \
         "$LIB/quelhost/libVxCuiCmds.so" "$LIB/cmake/QuelHost/QuelHostConfig.cmake" \
         "$LIB/cmake/QuelHost/QuelHostConfigVersion.cmake" \
-        "$LIB/cmake/QuelHost/QuelHostTargets.cmake" share/applications/quelhost.desktop \
+        "$LIB/cmake/QuelHost/QuelHostTargets.cmake" \
+        "$LIB/cmake/QuelHost/QuelHostTargets-$CONFIG.cmake" "$LIB/libquelhost_streams.a" \
+        share/applications/quelhost.desktop \
         share/mime/packages/quelhost.xml share/icons/hicolor/scalable/apps/quelhost.svg \
         share/icons/hicolor/scalable/mimetypes/application-x-quelhost-customization.svg \
         share/doc/quelhost/README.md share/doc/quelhost/CHANGELOG.md; do
@@ -210,6 +212,16 @@ END
     }
 }
 
+# A host's store, as a user of the package builds it.
+check_store() {
+    quietly "$CMAKE" -S "$here/store" -B "$folder/store" -G Ninja \
+        "-DCMAKE_PREFIX_PATH=$PREFIX" "-DCMAKE_CXX_COMPILER=$CXX"
+    quietly "$CMAKE" --build "$folder/store"
+    "$folder/store/store" > "$folder/said" || fail "the store does not work"
+    printf 'Hello another place\nno more\n' > "$folder/expected"
+    same "the store does other things" "$folder/expected" "$folder/said"
+}
+
 check_desktop() {
     type=application/x-quelhost-customization
     data=$folder/share
@@ -253,7 +265,7 @@ check_folders() {
 }
 
 case $check in
-    install | files | staging | paths | console | window | module | desktop | folders)
+    install | files | staging | paths | console | window | module | store | desktop | folders)
         "check_$check"
         ;;
     *) fail "no such check" ;;

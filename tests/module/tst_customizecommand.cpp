@@ -140,17 +140,23 @@ TEST_F(Customize, EnterCountsMoreThanWhatTheAnswerHolds)
 
 TEST_F(Customize, PassesTheStatusOfTheEditorOn)
 {
+    struct Row
+    {
+        int answered;
+        MaybeText text;
+        int editor;
+    };
     for (const int status : {5100, -5002, -5001, 0, 5000, -1, INT_MIN, INT_MAX}) {
-        for (const wchar_t* const text : {L"Accelerator", L"Toolbar"}) {
+        for (const Row& row :
+             {Row{5100, L"Accelerator", 1}, Row{5100, L"Toolbar", 2}, Row{5000, std::nullopt, 1}}) {
             startAnew();
-            host().keywords.next({5100, text});
+            host().keywords.next({row.answered, row.text});
             host().editors.next(status);
             EXPECT_EQ(run(), status);
+            EXPECT_EQ(host().calls("vxExcuteWSCommand"),
+                      Lines{"vxExcuteWSCommand(" + std::to_string(row.editor) +
+                            ", null, null) -> " + shown(status)});
         }
-        startAnew();
-        host().keywords.next({5000, std::nullopt});
-        host().editors.next(status);
-        EXPECT_EQ(run(), status);
     }
 }
 
@@ -213,11 +219,18 @@ TEST_F(Customize, PrintsNothingOnAnyWay)
 
 TEST_F(Customize, RunsWithoutAScopeWhenThereIsNone)
 {
-    for (const MaybeText& text : {MaybeText(L"Toolbar"), MaybeText(L"Menu")}) {
+    struct Row
+    {
+        MaybeText text;
+        Lines opened;
+    };
+    for (const Row& row :
+         {Row{L"Accelerator", {kAccelerators}}, Row{L"Toolbar", {kToolbars}}, Row{L"Menu", {}}}) {
         startAnew();
         host().contextScope.usually(false);
-        host().keywords.next({5100, text});
+        host().keywords.next({5100, row.text});
         EXPECT_EQ(run(), 5100);
+        EXPECT_EQ(host().calls("vxExcuteWSCommand"), row.opened);
         EXPECT_EQ(host().count("quedGetKword"), 1);
         EXPECT_EQ(host().count("leaveResourceScope"), 0);
         EXPECT_EQ(host().leavesWithoutEnter, 0);

@@ -111,6 +111,17 @@ Bytes counted(unsigned long size)
     return bytes;
 }
 
+// How many share the block that the vector's one pointer leads to: the block begins with that.
+template<typename Vector>
+std::int32_t countOf(const Vector& vector)
+{
+    const void* block = nullptr;
+    std::memcpy(&block, &vector, sizeof block);
+    std::int32_t count = 0;
+    std::memcpy(&count, block, sizeof count);
+    return count;
+}
+
 } // namespace
 
 TEST(LoadedStreams, CopyAndTransferForStoresOfTheHost)
@@ -176,7 +187,9 @@ TEST(LoadedStreams, ReleaseVectorsOfTheHost)
     alignas(Vector) std::array<unsigned char, sizeof(Vector)> second;
     const auto* const vector = new (first.data()) Vector(&number, 1);
     const auto* const copy = new (second.data()) Vector(*vector);
+    EXPECT_EQ(countOf(*copy), 2);
     destroy(first.data());
+    EXPECT_EQ(countOf(*copy), 1);
     EXPECT_EQ(*copy->data(), 7);
     destroy(second.data());
     alignas(Vector) std::array<unsigned char, sizeof(Vector)> empty;

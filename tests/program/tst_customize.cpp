@@ -108,6 +108,7 @@ TEST_F(CustomizeByScript, CancelPrintsNothingAndCompletes)
 {
     const ProgramResult result = folders.script(text("CUSTOMIZE\n^C\n")).run();
     EXPECT_EQ(result.diagnostics, text("CUSTOMIZE\t5100\n"));
+    EXPECT_TRUE(result.rows().contains(prompt("^C"))) << result.output.toStdString();
     EXPECT_EQ(rowsBehind(result, "^C"), QStringList()) << result.output.toStdString();
 }
 
@@ -141,7 +142,9 @@ TEST_F(CustomizeByScript, ChangedKeysSurviveUnloadingReloadingAndRestarting)
     EXPECT_EQ(rowOf(changed, "load", "QUELD"), text("load Ctrl+Shift+L QUELD no"));
 
     const QString unload = text("MENUUNLOAD %1\n").arg(plant);
-    EXPECT_EQ(table(unload, "A").filter(text("PLANT")), QStringList());
+    const QStringList unloaded = table(unload, "A");
+    EXPECT_EQ(unloaded.filter(text("PLANT")), QStringList());
+    EXPECT_EQ(rowOf(unloaded, "load", "QUELD"), text("load Ctrl+Shift+L QUELD no"));
     EXPECT_EQ(table(text("MENULOAD %1\n").arg(plant), "A"), changed);
     EXPECT_EQ(table(unload + text("MENULOAD %1\n").arg(plant), "A"), changed);
     EXPECT_EQ(bytesOf(plant), package);

@@ -235,4 +235,11 @@ TEST(StreamCopies, WorkWithinOneStream)
     EXPECT_EQ(pair.pieces(), (Lines{"A.read(2) -> 2", "A.write(2) -> 2"}));
     EXPECT_EQ(pair.storeA.bytes(), (Bytes{1, 2, 3, 4, 5, 6, 7, 8, 7, 8}));
     EXPECT_EQ(pair.storeA.position(), 2U);
+
+    // The bounds place the target, and with it what is read.
+    StreamPair to(pattern(10), 3, {}, 0);
+    to.a.copyTo(&to.a, 6, 8);
+    EXPECT_EQ(to.pieces(), (Lines{"A.read(2) -> 2", "A.write(2) -> 2"}));
+    EXPECT_EQ(to.storeA.bytes(), (Bytes{1, 2, 3, 4, 5, 6, 7, 8, 7, 8}));
+    EXPECT_EQ(to.storeA.position(), 3U);
 }

@@ -1,5 +1,6 @@
 // What a store does that overrides nothing but what it must: ends, places, and reads within bounds.
 #include "tests/stream/streampair.h"
+#include "tests/support/allocationcount.h"
 #include "tests/support/rawslots.h"
 #include "tests/support/recordinghost.h"
 
@@ -183,6 +184,26 @@ TEST(StreamGetBytes, ThrowsWithoutACrashRecorderToo)
     ASSERT_NE(error, nullptr);
     EXPECT_STREQ(error->message(), L"Out of stream buffer!");
     EXPECT_EQ(host().trace, Lines{"quelGetCrashRecorder() -> null"});
+}
+
+TEST(StreamGetBytes, LeavesNothingBehindWhenTheCrashRecorderThrows)
+{
+    host().onCall("record", 1, [] { throw 17; });
+    streams::MemoryStore store(pattern(10));
+    store.seek(0, VxStreamBuf::kFromEnd);
+    unsigned char byte = 0;
+    std::size_t requests = 0;
+    std::size_t releases = 0;
+    // The first time, the host gets the room for what it notes.
+    for (int time = 0; time < 2; ++time) {
+        const recording::AllocationCount count;
+        EXPECT_THROW(store.getBytes(&byte, 1), int);
+        host().forgetCalls();
+        requests = count.requests();
+        releases = count.releases();
+    }
+    EXPECT_GT(requests, 0U);
+    EXPECT_EQ(releases, requests);
 }
 
 TEST(StreamGetBytes, RefusesEverythingPastTheEnd)

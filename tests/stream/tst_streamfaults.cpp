@@ -48,12 +48,12 @@ TEST(StreamShortReads, NeverLetForeignBytesOut)
         {"copyTo", [](StreamPair& p, unsigned int n) { p.a.copyTo(&p.b, 0, n); }},
     };
     for (const Row& row : rows) {
-        for (const unsigned int count : {1U, 1000U, 1024U, 1025U, 4096U}) {
-            StreamPair pair(pattern(5000), 0, {}, 0);
+        for (const unsigned int count : {1U, 1000U, 1024U, 1025U, 4096U, 1048576U, 1048577U}) {
+            StreamPair pair(pattern(count), 0, {}, 0);
             pair.a.readLimit = 0;
             soilTheStack();
             row.copy(pair, count);
-            EXPECT_EQ(pair.storeB.bytes(), Bytes(count)) << row.name << " of " << count;
+            EXPECT_TRUE(pair.storeB.bytes() == Bytes(count)) << row.name << " of " << count;
         }
     }
 }
@@ -110,4 +110,29 @@ TEST(StreamErrors, OfAStorePassThroughAndEndTheCopy)
     EXPECT_EQ(writing.pieces(), Lines{"A.read(9) -> 9"});
     EXPECT_EQ(writing.storeA.position(), 13U);
     EXPECT_EQ(writing.storeB.position(), 0U);
+}
+
+TEST(StreamErrors, LeaveThePositionsWhereTheyWereAtThatMoment)
+{
+    StreamPair transferred(pattern(20), 6, pattern(9000), 3);
+    transferred.a.throwingWrite = 1;
+    EXPECT_THROW(transferred.a.writeBytes(&transferred.b, 9), std::runtime_error);
+    EXPECT_EQ(transferred.pieces(), Lines{"B.read(9) -> 9"});
+    EXPECT_EQ(transferred.storeA.position(), 6U);
+    EXPECT_EQ(transferred.storeB.position(), 9U);
+
+    StreamPair unread(pattern(20), 6, pattern(9000), 3);
+    unread.b.throwingRead = 1;
+    EXPECT_THROW(unread.a.writeBytes(&unread.b, 9), std::runtime_error);
+    EXPECT_EQ(unread.pieces(), Lines{});
+    EXPECT_EQ(unread.storeA.position(), 6U);
+    EXPECT_EQ(unread.storeB.position(), 0U);
+
+    StreamPair copied(pattern(9000), 4, pattern(5), 3);
+    copied.b.throwingWrite = 2;
+    EXPECT_THROW(copied.a.copyTo(&copied.b, 1, 9000), std::runtime_error);
+    EXPECT_EQ(copied.pieces(),
+              (Lines{"A.read(4096) -> 4096", "B.write(4096) -> 4096", "A.read(4096) -> 4096"}));
+    EXPECT_EQ(copied.storeA.position(), 8196U);
+    EXPECT_EQ(copied.storeB.position(), 4097U);
 }

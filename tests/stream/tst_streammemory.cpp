@@ -128,6 +128,13 @@ TEST(StreamMemory, EndsATransferThatFindsNone)
     {
         const recording::NewFails exhausted(4000);
         EXPECT_THROW(pair.a.readBytes(&pair.b, 4500), std::bad_alloc);
+        EXPECT_EQ(pair.storeA.position(), 3U);
+        EXPECT_EQ(pair.storeB.position(), 0U);
+        pair.storeB.seek(6, VxStreamBuf::kFromStart);
+        EXPECT_THROW(pair.b.writeBytes(&pair.a, 4500), std::bad_alloc);
+        EXPECT_EQ(pair.storeA.position(), 0U);
+        EXPECT_EQ(pair.storeB.position(), 6U);
+        EXPECT_EQ(pair.pieces(), Lines{});
         pair.a.copyTo(&pair.b, 20, 40);
     }
     EXPECT_EQ(pair.pieces(), (Lines{"A.read(20) -> 20", "B.write(20) -> 20"}));

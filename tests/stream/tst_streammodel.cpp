@@ -160,7 +160,7 @@ std::string shown(const Step& step)
            std::to_string(step.second) + ")";
 }
 
-// Chooses lengths, positions, bounds and steps, mostly small and often at the edges of pieces.
+// Chooses lengths, positions, bounds and steps, mostly small and 1 in 25 at the edges of pieces.
 class Chance
 {
 public:
@@ -266,7 +266,7 @@ std::string sequenceDifference(Chance& chance, std::array<Side, 2>& sides, Trace
 
 TEST(StreamModel, HoldsForEverySmallCopy)
 {
-    int cases = 0;
+    int copiesThatMoved = 0;
     Trace trace;
     for (unsigned long i = 0; i < 4 * 6 * 4 * 6 * 6 * 6 * 2; ++i) {
         unsigned long rest = i;
@@ -287,9 +287,9 @@ TEST(StreamModel, HoldsForEverySmallCopy)
         Side self = memorySide('A', models[0], trace);
         Side other = memorySide('B', models[1], trace);
         ASSERT_EQ(stepDifference(step, self, other, trace), "") << i << ": " << shown(step);
-        ++cases;
+        copiesThatMoved += readsAndWrites(trace).empty() ? 0 : 1;
     }
-    EXPECT_EQ(cases, 41472);
+    EXPECT_EQ(copiesThatMoved, 21780); // of 41472; the others have nothing to copy
 }
 
 TEST(StreamModel, HoldsForChanceSequencesInMemory)

@@ -142,11 +142,18 @@ TEST(StreamTransfers, ReturnToAPositionPastTheEnd)
 
 TEST(StreamTransfers, WorkWithinOneStream)
 {
-    // The end of the first ten bytes goes to their start, and back behind it.
-    StreamPair pair(pattern(10), 3, {}, 0);
-    EXPECT_EQ(pair.a.readBytes(&pair.a, 4), 3U);
-    EXPECT_EQ(pair.pieces(), (Lines{"A.read(4) -> 4", "A.write(4) -> 4"}));
-    EXPECT_EQ(pair.storeA.bytes(), (Bytes{1, 2, 3, 4, 1, 2, 3, 4, 9, 10}));
+    // Of the two seeks before the transfer, the later one decides where it reads and writes.
+    StreamPair reading(pattern(10), 3, {}, 0);
+    EXPECT_EQ(reading.a.readBytes(&reading.a, 4), 3U);
+    EXPECT_EQ(reading.pieces(), (Lines{"A.read(4) -> 4", "A.write(4) -> 4"}));
+    EXPECT_EQ(reading.storeA.bytes(), (Bytes{1, 2, 3, 4, 1, 2, 3, 4, 9, 10}));
+    EXPECT_EQ(reading.storeA.position(), 3U);
+
+    StreamPair writing(pattern(10), 3, {}, 0);
+    EXPECT_EQ(writing.a.writeBytes(&writing.a, 3), 3U);
+    EXPECT_EQ(writing.pieces(), (Lines{"A.read(3) -> 3", "A.write(3) -> 3"}));
+    EXPECT_EQ(writing.storeA.bytes(), (Bytes{1, 2, 3, 4, 5, 6, 4, 5, 6, 10}));
+    EXPECT_EQ(writing.storeA.position(), 3U);
 }
 
 TEST(StreamReadBytes, MovesNothingWhenAStreamRefusesItsSeek)

@@ -37,6 +37,16 @@ const void* blockOf(const Vector& vector)
     return block;
 }
 
+// How many elements the block has room for: behind the count and the number of elements.
+template<typename Vector>
+std::size_t roomOf(const Vector& vector)
+{
+    std::size_t room = 0;
+    std::memcpy(&room, static_cast<const unsigned char*>(blockOf(vector)) + 2 * sizeof room,
+                sizeof room);
+    return room;
+}
+
 template<typename Vector>
 std::int32_t countOf(const Vector& vector)
 {
@@ -212,6 +222,21 @@ TEST(Vector, GetsABlockOfItsOwnBeforeItChanges)
     EXPECT_EQ(elementsOf(copy), (std::vector<int>{1, 2, 3, 9}));
     EXPECT_EQ(countOf(vector), 1);
     EXPECT_EQ(countOf(copy), 1);
+}
+
+TEST(Vector, DoesNotGrowForSharingAlone)
+{
+    IntVector vector;
+    std::size_t room = 1;
+    for (std::size_t i = 0; i < 40; ++i) {
+        const IntVector snapshot(vector);
+        vector.append(7);
+        room = room > i ? room : 2 * room;
+        ASSERT_EQ(roomOf(vector), room) << "with " << vector.size();
+        ASSERT_EQ(snapshot.size(), i);
+    }
+    EXPECT_EQ(room, 64U);
+    EXPECT_EQ(elementsOf(vector), std::vector<int>(40, 7));
 }
 
 TEST(Vector, TakesOneOfItsOwnElements)

@@ -10,7 +10,7 @@
 
 namespace streams {
 
-// One operation of the four that the defaults are made of.
+// One operation of the five that the defaults are made of.
 struct Call
 {
     char store;

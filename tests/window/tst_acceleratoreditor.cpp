@@ -1,10 +1,11 @@
 // The editor of accelerators, as a user works it without a session bus.
 #include "refhost/window/acceleratoreditor.h"
+#include "tests/support/testhost.h"
 #include "tests/window/groupsfixture.h"
 
+#include "host/status.h"
 #include "refhost/core/hostkeys.h"
 #include "refhost/core/keyfile.h"
-#include "refhost/window/libraries.h"
 
 #include <QAbstractButton>
 #include <QDialogButtonBox>
@@ -69,7 +70,7 @@ private:
             return;
         QString text;
         for (const auto* const label : box->findChildren<QLabel*>())
-            text += label->text(), printf("label fmt %d\n", label->textFormat());
+            text += label->text();
         m_questions.push_back(text.toStdString());
         for (QAbstractButton* const button : buttons->buttons()) {
             const bool rejects = buttons->buttonRole(button) == QDialogButtonBox::RejectRole ||
@@ -253,18 +254,16 @@ TEST_F(AcceleratorEditors, AKeyOfTheProgramItselfNamesItToo)
               (KeyChanges{{entry("A", "ask"), {key("F6")}}, {entry("Quelhost", "loaded"), {}}}));
 }
 
-TEST_F(AcceleratorEditors, TMP)
+TEST_F(AcceleratorEditors, AQuestionShowsTextsAsTheyStand)
 {
-    for (const char* lang : {"en", "de"}) {
-        prepareLibraries(QLatin1String(lang));
-        ShownGroup shown = keyedGroup("A", {{"go", "F6"}});
-        shown.group.commands[0].text = QStringLiteral("<b>Bold</b>");
-        ASSERT_TRUE(open({shown}));
-        const Answers answers(true);
-        ASSERT_TRUE(typeKey("A", "Ask", Qt::Key_F6, answers));
-        for (auto& q : answers.questions())
-            printf("Q: %s\n rich %d\n", q.c_str(), Qt::mightBeRichText(QString::fromStdString(q)));
-    }
+    ShownGroup shown = keyedGroup("A", {{"go", "F6"}});
+    shown.group.commands[0].text = QStringLiteral("<b>Go</b>");
+    ASSERT_TRUE(open({shown}));
+    const Answers answers(false);
+    ASSERT_TRUE(typeKey("A", "Ask", Qt::Key_F6, answers));
+    ASSERT_EQ(answers.questions().size(), 1U);
+    EXPECT_NE(answers.questions()[0].find("'<b>Go</b>'"), std::string::npos);
+    EXPECT_FALSE(Qt::mightBeRichText(QString::fromStdString(answers.questions()[0])));
 }
 
 TEST_F(AcceleratorEditors, AKeyThatIsNotShownIsGivenAwayToo)
@@ -464,4 +463,79 @@ TEST_F(AcceleratorEditors, EnterKeepsAndEscapeDoesNot)
         EXPECT_FALSE(m_editor->isVisible());
         EXPECT_EQ(m_editor->result(), result);
     }
+}
+
+namespace {
+
+// The editor as a command opens it.
+class EditingAccelerators : public testing::Test
+{
+protected:
+    explicit EditingAccelerators(SettingsAccess access = SettingsAccess::ReadWrite)
+        : m_host({}, {quelhost::test::Typist::Person, true, false, QStringLiteral("en"), access})
+    {
+        const std::wstring path = quelhost::test::writePackage(
+            m_host.profile, "plant.cuix", "PLANT",
+            "<commands><command id=\"go\" text=\"Go\" macro=\"GO\"/></commands>"
+            "<accelerators><accelerator command=\"go\" keys=\"F6\"/></accelerators>");
+        QuString name;
+        m_isLoaded = m_host.host->groups.loadMenuFile(QuString(path.c_str()), name);
+        static_cast<void>(m_host.output.take());
+    }
+
+    // Opens the editor, brings keys into it, and presses a key.
+    int edit(const KeyChanges& imported, Qt::Key pressed)
+    {
+        QTimer::singleShot(0, &m_window, [imported, pressed] {
+            auto* const editor =
+                qobject_cast<AcceleratorEditor*>(QApplication::activeModalWidget());
+            if (editor == nullptr) {
+                ADD_FAILURE() << "no editor";
+                return;
+            }
+            editor->showChanges(imported);
+            QTest::keyClick(editor, pressed);
+        });
+        return editAccelerators(*m_host.host, m_window);
+    }
+
+    quelhost::test::TestHost m_host;
+    QWidget m_window;
+    bool m_isLoaded = false;
+};
+
+class EditingAcceleratorsThatCannotBeStored : public EditingAccelerators
+{
+protected:
+    EditingAcceleratorsThatCannotBeStored()
+        : EditingAccelerators(SettingsAccess::ReadOnly)
+    {}
+};
+
+const KeyChanges kChanges{{entry("PLANT", "go"), {key("F7")}}, {entry("GONE", "go"), {}}};
+
+} // namespace
+
+TEST_F(EditingAccelerators, StoresThemWhenTheyAreKept)
+{
+    ASSERT_TRUE(m_isLoaded);
+    EXPECT_EQ(edit(kChanges, Qt::Key_Return), QuelStatus::kNormal);
+    EXPECT_EQ(m_host.host->customization.keys(), kChanges);
+    EXPECT_EQ(m_host.output.text(), "");
+}
+
+TEST_F(EditingAccelerators, LeavesTheFormerOnesWhenTheyAreNot)
+{
+    ASSERT_TRUE(m_isLoaded);
+    ASSERT_TRUE(m_host.host->customization.replaceKeys({{entry("PLANT", "go"), {key("F8")}}}));
+    EXPECT_EQ(edit(kChanges, Qt::Key_Escape), QuelStatus::kCancelled);
+    EXPECT_EQ(m_host.host->customization.keys(), (KeyChanges{{entry("PLANT", "go"), {key("F8")}}}));
+}
+
+TEST_F(EditingAcceleratorsThatCannotBeStored, SaysSoOnceAndHasThemForThisRun)
+{
+    ASSERT_TRUE(m_isLoaded);
+    EXPECT_EQ(edit(kChanges, Qt::Key_Return), QuelStatus::kNormal);
+    EXPECT_EQ(m_host.host->customization.keys(), kChanges);
+    EXPECT_EQ(quelhost::test::rowsOf(m_host.output.text()).size(), 1U) << m_host.output.text();
 }

@@ -73,8 +73,8 @@ TEST_F(GroupsWithKeys, KeepTheirKeysFromLaterGroupsWhichAreTold)
     EXPECT_EQ(show({kPlant, kSurvey}),
               QStringList(qtTrId("window-key-lost")
                               .arg(QStringLiteral("Ctrl+K"), QStringLiteral("PLANT"),
-                                   QStringLiteral("go"), QStringLiteral("SURVEY"),
-                                   QStringLiteral("go"))));
+                                   QStringLiteral("Go PLANT"), QStringLiteral("SURVEY"),
+                                   QStringLiteral("Go SURVEY"))));
     EXPECT_EQ(press(Qt::Key_K), "ECHO PLANT;");
     EXPECT_EQ(press(Qt::Key_S), "GETVAR;");
 }
@@ -130,7 +130,7 @@ TEST_F(GroupsWithKeys, TheHostsOwnKeysStayWithIt)
               QStringList(qtTrId("window-key-lost")
                               .arg(QStringLiteral("Ctrl+Alt+I"), QStringLiteral("Quelhost"),
                                    QStringLiteral("findcommand"), QStringLiteral("GREEDY"),
-                                   QStringLiteral("go"))));
+                                   QStringLiteral("Go GREEDY"))));
     EXPECT_EQ(press(Qt::Key_J), "GETVAR;");
 }
 

@@ -237,3 +237,21 @@ TEST_F(GroupsInToolbars, OfAFileUnderAnotherNameAreFilledAnew)
     addItems(*toolbars()[1], 0, items);
     EXPECT_EQ(items, (Texts{"&Go PLANT", "--", "&Ask"}));
 }
+
+TEST_F(GroupsInToolbars, ThatTheUserTakesAwayAndBringsBackAreNotHidden)
+{
+    show({kMain, kPlant});
+    const GroupEntry name{QStringLiteral("PLANT"), QStringLiteral("piping")};
+    m_toolbars->find(name)->hide();
+    UserChanges changes;
+    changes.toolbars[name].hidden = true;
+    m_toolbars->show(GroupModel({}, {kMain, kPlant}, changes).toolbars());
+    ASSERT_EQ(m_toolbars->find(name), nullptr);
+    show({kMain, kPlant});
+    EXPECT_FALSE(m_toolbars->find(name)->testAttribute(Qt::WA_WState_ExplicitShowHide));
+    // Hidden in the window, it stays so while its group is away.
+    m_toolbars->find(name)->hide();
+    show({kMain});
+    show({kMain, kPlant});
+    EXPECT_TRUE(m_toolbars->find(name)->isHidden());
+}

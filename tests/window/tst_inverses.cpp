@@ -4,7 +4,7 @@
 #include "tests/window/groupsfixture.h"
 
 #include <QDir>
-#include <QDockWidget>
+#include <QLayout>
 #include <QToolBar>
 #include <QTreeView>
 
@@ -18,7 +18,7 @@ namespace {
 std::vector<ShownGroup> exampleGroups()
 {
     const QDir folder(QStringLiteral(QUEL_EXAMPLES));
-    std::vector<ShownGroup> groups;
+    std::vector<ShownGroup> groups{group("MAIN", {"&Main"})};
     for (const char* name : {"queld", "plant", "survey"}) {
         const QString path = folder.filePath(QLatin1String(name) + QStringLiteral(".cuix"));
         const PackageReading reading = readPackage(path);
@@ -30,8 +30,10 @@ std::vector<ShownGroup> exampleGroups()
 
 void addActions(const QWidget& of, const std::string& place, Texts& list)
 {
+    int number = 0; // the order counts
     for (const QAction* action : of.actions()) {
-        std::string row = place + " > " + action->text().toStdString();
+        std::string row =
+            std::to_string(++number) + " in " + place + " > " + action->text().toStdString();
         for (const QKeySequence& keys : action->shortcuts())
             row += " [" + keys.toString().toStdString() + "]";
         row += action->isEnabled() ? "" : " (grey)";
@@ -48,10 +50,12 @@ Texts flatList(const MainWindow& window)
     Texts list;
     addActions(*window.menuBar(), "bar", list);
     addActions(window, "window", list);
-    for (auto* const toolbar :
-         window.findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly)) {
-        const std::string place = toolbar->objectName().toStdString() + " in " +
-                                  std::to_string(window.toolBarArea(toolbar)) +
+    for (int i = 0; QLayoutItem* const item = window.layout()->itemAt(i); ++i) {
+        auto* const toolbar = qobject_cast<QToolBar*>(item->widget());
+        if (toolbar == nullptr)
+            continue;
+        const std::string place = std::to_string(i) + ". " + toolbar->objectName().toStdString() +
+                                  " in " + std::to_string(window.toolBarArea(toolbar)) +
                                   (window.toolBarBreak(toolbar) ? " new row" : "");
         list.push_back(place);
         addActions(*toolbar, place, list);
@@ -90,13 +94,13 @@ class Inverses : public testing::Test
 protected:
     void SetUp() override
     {
-        ASSERT_EQ(m_groups.size(), 3U);
+        ASSERT_EQ(m_groups.size(), 4U);
         m_window.show();
         settle();
         showNumbered({});
         m_before = flatList(m_window);
     }
-    // The main file's group and those of the given numbers, in that order.
+    // A main group and the examples of the given numbers, in that order.
     void showNumbered(const std::vector<std::size_t>& numbers)
     {
         std::vector<ShownGroup> shown{m_groups[0]};
@@ -126,7 +130,7 @@ protected:
 TEST_F(Inverses, EachExampleFiveTimesAlone)
 {
     for (int round = 0; round < 5; ++round) {
-        for (const std::size_t example : {1U, 2U}) {
+        for (const std::size_t example : {1U, 2U, 3U}) {
             showNumbered({example});
             EXPECT_NE(flatList(m_window), m_before);
             showNumbered({});
@@ -137,68 +141,80 @@ TEST_F(Inverses, EachExampleFiveTimesAlone)
 
 TEST_F(Inverses, AllExamplesFiveTimesInEveryOrder)
 {
-    const std::vector<std::vector<std::size_t>> orders{{1, 2}, {2, 1}};
-    for (const auto& loaded : orders) {
-        showNumbered({loaded[0]});
-        const Texts first = flatList(m_window);
-        showNumbered(loaded);
-        const Texts both = flatList(m_window);
-        EXPECT_NE(both, first);
-        for (int round = 0; round < 5; ++round) {
-            SCOPED_TRACE(round);
-            showNumbered({loaded[0]}); // the last one goes first
-            EXPECT_EQ(difference(first, flatList(m_window)), Texts());
-            showNumbered({});
-            EXPECT_EQ(difference(m_before, flatList(m_window)), Texts());
-            showNumbered({loaded[0]});
-            EXPECT_EQ(difference(first, flatList(m_window)), Texts());
-            showNumbered(loaded);
-            EXPECT_EQ(difference(both, flatList(m_window)), Texts());
-            showNumbered({loaded[1]}); // the first one goes first
-            showNumbered({});
-            EXPECT_EQ(difference(m_before, flatList(m_window)), Texts());
-            showNumbered({loaded[0]});
-            showNumbered(loaded);
-            EXPECT_EQ(difference(both, flatList(m_window)), Texts());
+    std::vector<std::size_t> loaded{1, 2, 3};
+    do {
+        std::vector<std::size_t> unloaded{0, 1, 2}; // places among those that are loaded
+        do {
+            for (int round = 0; round < 5; ++round) {
+                std::vector<std::size_t> shown;
+                for (const std::size_t example : loaded) {
+                    shown.push_back(example);
+                    showNumbered(shown);
+                }
+                for (const std::size_t place : unloaded) {
+                    shown.erase(std::find(shown.begin(), shown.end(), loaded[place]));
+                    showNumbered(shown);
+                }
+                ASSERT_EQ(difference(m_before, flatList(m_window)), Texts());
+            }
+        } while (std::next_permutation(unloaded.begin(), unloaded.end()));
+    } while (std::next_permutation(loaded.begin(), loaded.end()));
+}
+
+TEST_F(Inverses, UnloadingTheLastUndoesItsLoading)
+{
+    std::vector<std::size_t> loaded{1, 2, 3};
+    do {
+        std::vector<Texts> before;
+        std::vector<std::size_t> shown;
+        for (const std::size_t example : loaded) {
+            before.push_back(flatList(m_window));
+            shown.push_back(example);
+            showNumbered(shown);
+            EXPECT_NE(flatList(m_window), before.back());
         }
-        showNumbered({});
-    }
+        for (; !shown.empty(); before.pop_back()) {
+            shown.pop_back();
+            showNumbered(shown);
+            EXPECT_EQ(difference(before.back(), flatList(m_window)), Texts());
+        }
+    } while (std::next_permutation(loaded.begin(), loaded.end()));
 }
 
 TEST_F(Inverses, AToolbarThatTheUserMovedComesBackWhereItWas)
 {
-    showNumbered({1, 2});
+    showNumbered({2, 3});
     auto* const moved =
-        m_window.findChild<QToolBar*>(QStringLiteral("SURVEY/") + m_groups[2].group.toolbars[0].id);
+        m_window.findChild<QToolBar*>(QStringLiteral("SURVEY/") + m_groups[3].group.toolbars[0].id);
     ASSERT_NE(moved, nullptr);
     m_window.addToolBar(Qt::LeftToolBarArea, moved);
     auto* const plant =
-        m_window.findChild<QToolBar*>(QStringLiteral("PLANT/") + m_groups[1].group.toolbars[0].id);
+        m_window.findChild<QToolBar*>(QStringLiteral("PLANT/") + m_groups[2].group.toolbars[0].id);
     plant->hide();
     settle();
     const Texts both = flatList(m_window);
     showNumbered({});
-    showNumbered({1, 2});
+    showNumbered({2, 3});
     EXPECT_EQ(difference(both, flatList(m_window)), Texts());
     EXPECT_TRUE(
-        m_window.findChild<QToolBar*>(QStringLiteral("PLANT/") + m_groups[1].group.toolbars[0].id)
+        m_window.findChild<QToolBar*>(QStringLiteral("PLANT/") + m_groups[2].group.toolbars[0].id)
             ->isHidden());
 }
 
 TEST_F(Inverses, TwoGroupsWithTheSameMenuCommandAndKeyStayApart)
 {
-    ShownGroup twin = m_groups[1];
+    ShownGroup twin = m_groups[2];
     twin.path = L"/t/twin.cuix";
     twin.group.name = QStringLiteral("TWIN");
-    showNumbered({1});
+    showNumbered({2});
     const Texts plant = flatList(m_window);
-    const std::vector<ShownGroup> both{m_groups[0], m_groups[1], twin};
+    const std::vector<ShownGroup> both{m_groups[0], m_groups[2], twin};
     const QStringList told = m_window.showGroups(modelOf(both), {});
     settle();
     EXPECT_EQ(std::size_t(told.size()), twin.group.accelerators.size());
     EXPECT_EQ(m_window.findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly).size(),
               int(m_groups[0].group.toolbars.size() + 2 * twin.group.toolbars.size()));
-    showNumbered({1});
+    showNumbered({2});
     EXPECT_EQ(difference(plant, flatList(m_window)), Texts());
     show({m_groups[0], twin});
     EXPECT_NE(flatList(m_window), plant);

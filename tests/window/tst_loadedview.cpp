@@ -141,12 +141,12 @@ TEST(LoadedModels, SayWhereARowComesFrom)
 {
     LoadedModel model;
     model.show(modelOf({kMain}), {});
-    const QModelIndex go = model.commandIndex(QStringLiteral("QUELD"), QStringLiteral("go"));
+    const QModelIndex go = model.keyIndex(QStringLiteral("QUELD"), QStringLiteral("F5"));
     EXPECT_EQ(go.data(Qt::ToolTipRole).toString(),
               QStringLiteral("Go QUELD\nGoes\nF5, Ctrl+K\n{cancel}ECHO QUELD\n/t/QUELD.cuix"));
     EXPECT_EQ(model.row(go)->path, QStringLiteral("/t/QUELD.cuix"));
-    EXPECT_FALSE(model.commandIndex(QStringLiteral("NONE"), QStringLiteral("go")).isValid());
-    EXPECT_FALSE(model.commandIndex(QStringLiteral("QUELD"), QStringLiteral("none")).isValid());
+    EXPECT_FALSE(model.keyIndex(QStringLiteral("NONE"), QStringLiteral("F5")).isValid());
+    EXPECT_FALSE(model.keyIndex(QStringLiteral("QUELD"), QStringLiteral("F9")).isValid());
 }
 
 TEST_F(LoadedViews, AreSearchedInNamesKeysMacrosAndFiles)
@@ -229,6 +229,18 @@ TEST_F(LoadedViews, UnloadWhatWasRefusedButNotWhatIsMissing)
     EXPECT_EQ(button("loadedUnload").toolTip(), qtTrId("loaded-missing-tip"));
 }
 
+TEST_F(LoadedViews, DoNotTakeAnotherFileForTheMainFile)
+{
+    QTemporaryFile main;
+    ASSERT_TRUE(main.open());
+    m_view.show(GroupModel({}, {kPlant}, {}, main.fileName()), {main.fileName()});
+    goTo("PLANT – All of it");
+    EXPECT_TRUE(button("loadedUnload").isEnabled());
+    tree().setCurrentIndex(tree().model()->index(1, 0));
+    EXPECT_FALSE(button("loadedUnload").isEnabled());
+    EXPECT_EQ(button("loadedUnload").toolTip(), qtTrId("loaded-main-file"));
+}
+
 TEST_F(LoadedViews, CanDoNeitherWhileACommandAsksAndSayWhy)
 {
     goTo("PLANT – All of it");
@@ -281,14 +293,12 @@ TEST_F(LoadedViews, RunTheCommandThatIsActivated)
     EXPECT_EQ(m_wanted, QStringList(QStringLiteral("PLANT.go")));
 }
 
-TEST_F(LoadedViews, GoToACommandOrAKeyWhateverIsSearchedFor)
+TEST_F(LoadedViews, GoToAKeyWhateverIsSearchedFor)
 {
     part<QLineEdit>("loadedSearch").setText(QStringLiteral("nothing like it"));
-    m_view.goToCommand(QStringLiteral("PLANT"), QStringLiteral("ask"));
-    EXPECT_EQ(current(), "Ask");
-    EXPECT_EQ(part<QLineEdit>("loadedSearch").text(), QString());
     m_view.goToKey(QStringLiteral("PLANT"), QStringLiteral("F6"));
     EXPECT_EQ(current(), "Go PLANT");
+    EXPECT_EQ(part<QLineEdit>("loadedSearch").text(), QString());
     EXPECT_EQ(tree().currentIndex().parent().data().toString(), QStringLiteral("Keys (2)"));
 }
 
@@ -296,6 +306,13 @@ TEST_F(LoadedViews, EveryPartHasANameForThoseWhoDoNotSee)
 {
     EXPECT_NE(tree().accessibleName(), QString());
     EXPECT_NE(part<QLineEdit>("loadedSearch").accessibleName(), QString());
-    for (const char* name : {"loadedLoad", "loadedUnload", "loadedWhere"})
-        EXPECT_NE(button(name).text(), QString()) << name;
+}
+
+TEST_F(LoadedViews, ShowAllOfAGroupThatIsSearchedFor)
+{
+    part<QLineEdit>("loadedSearch").setText(QStringLiteral("/t/plant"));
+    const Texts rows = rowsOf(*tree().model());
+    ASSERT_FALSE(rows.empty());
+    EXPECT_EQ(rows.front(), "PLANT – All of it |  | /t/PLANT.cuix");
+    EXPECT_EQ(rows.size(), 18U);
 }

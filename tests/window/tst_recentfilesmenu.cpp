@@ -134,3 +134,21 @@ TEST_F(RecentFilesMenus, AreGreyWhileACommandAsksAndSayWhy)
     m_menu.setCommandAsking(false);
     EXPECT_EQ(items(), (Texts{"&1  a.cuix"}));
 }
+
+TEST_F(RecentFilesMenus, TheTenthHasALetterOfItsOwn)
+{
+    for (int number = 0; number < 10; ++number) {
+        RecentFiles files = m_menu.files();
+        files.add(QStringLiteral("/nowhere/%1.cuix").arg(number));
+        m_menu.setFiles(files);
+    }
+    EXPECT_EQ(items().front(), "-&1  9.cuix (missing)");
+    EXPECT_EQ(items().back(), "-1&0  0.cuix (missing)");
+}
+
+TEST_F(RecentFilesMenus, KnowTheMainFileEvenIfItIsNotShown)
+{
+    const QString file = makeFile("a.cuix");
+    m_menu.follow(GroupModel({}, {shownFrom(file)}, {}, QStringLiteral("/t/main.cuix")));
+    EXPECT_EQ(m_menu.files().paths(), QStringList(file));
+}

@@ -187,3 +187,25 @@ TEST_F(Places, TakeNothingFromValuesThatAreNone)
     add("b");
     EXPECT_EQ(stand(), "a / b");
 }
+
+TEST_F(Places, AreForgottenWhenAToolbarIsGoneForGood)
+{
+    add("a");
+    add("b").hide();
+    add("c");
+    remove({"b"});
+    m_places->forget(QStringLiteral("b"));
+    EXPECT_FALSE(add("b").testAttribute(Qt::WA_WState_ExplicitShowHide));
+    EXPECT_EQ(stand(), "a / c / b");
+}
+
+TEST_F(Places, AreKeptWhenAToolbarIsToBeSeenAgain)
+{
+    add("a");
+    add("b").hide();
+    add("c");
+    remove({"b"});
+    m_places->unhide(QStringLiteral("b"));
+    EXPECT_FALSE(add("b").testAttribute(Qt::WA_WState_ExplicitShowHide));
+    EXPECT_EQ(stand(), "a / b / c");
+}

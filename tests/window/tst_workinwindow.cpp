@@ -220,9 +220,8 @@ TEST_F(WorkInWindow, ThePaletteFindsCommandsAliasesAndWhatGroupsBring)
     waitForText(text("\nCommand: COMMANDS\n"));
     find(text("gv getvar"));
     waitForText(text("\nCommand: GV\n"));
-    m_driver.step(
-        "GETVAR to ask", [] { return said().contains(text("GV")); },
-        [] { QTest::keyClick(&window(), Qt::Key_Escape); });
+    waitForKeyboard();
+    atPrompt([] { QTest::keyClick(&window(), Qt::Key_Escape); }, qtTrId("prompt-variable"));
     closeWindow();
     EXPECT_EQ(run(), "");
 }

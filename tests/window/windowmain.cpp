@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QTemporaryDir>
 
 namespace {
@@ -12,7 +13,7 @@ namespace {
 class PreparedLibraries final : public testing::Environment
 {
 public:
-    void SetUp() override { quelhost::prepareLibraries(QStringLiteral("en")); }
+    void SetUp() override { quelhost::prepareLibraries(QStringLiteral("en"), QDir::homePath()); }
 };
 
 } // namespace
