@@ -16,7 +16,8 @@ constexpr char kLoadedAction[] = "loaded";
 {
     const QString host = QStringLiteral("Quelhost");
     const auto key = [&host](const char* action, int letter) {
-        return GroupKey{host, QLatin1String(action), QKeySequence(int(Qt::CTRL) + int(Qt::ALT) + letter)};
+        return GroupKey{host, QLatin1String(action),
+                        QKeySequence(int(Qt::CTRL) + int(Qt::ALT) + letter)};
     };
     return {key(kFindCommandAction, Qt::Key_I), key(kCommandLineAction, Qt::Key_C),
             key(kLoadedAction, Qt::Key_L)};

@@ -112,8 +112,7 @@ QToolButton* KeywordButtons::addButton()
 
 void KeywordButtons::label(QToolButton& button, const QString& keyword, bool isByEnter)
 {
-    QString text = keyword;
-    button.setText(unmarkedMenuText(text));
+    button.setText(unmarkedMenuText(keyword));
     QFont underlined;
     underlined.setUnderline(true); // it looks like a text else, until the mouse comes
     underlined.setBold(isByEnter);
