@@ -1,5 +1,7 @@
-// Texts of menus and toolbars, with and without letters to press.
+// Texts of groups, menus and toolbars, with and without letters to press.
 #pragma once
+
+#include "refhost/core/menugroup.h"
 
 #include <QString>
 
@@ -17,6 +19,13 @@ namespace quelhost {
 [[nodiscard]] inline QString unmarkedMenuText(QString text)
 {
     return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+// What a group is called: its name, which no other group has, and its title if it has one.
+[[nodiscard]] inline QString groupTitle(const MenuGroup& group)
+{
+    return group.title.isEmpty() ? group.name
+                                 : QStringLiteral("%1 – %2").arg(group.name, group.title);
 }
 
 } // namespace quelhost

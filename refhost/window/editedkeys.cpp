@@ -56,13 +56,6 @@ EditedGroup hostGroup(const std::vector<GroupKey>& hostKeys, const WorkingKeys& 
     return host;
 }
 
-// Names of groups have no blanks, so no title can be taken for another or for the host's.
-QString titleOf(const MenuGroup& group)
-{
-    return group.title.isEmpty() ? group.name
-                                 : QStringLiteral("%1 (%2)").arg(group.title, group.name);
-}
-
 } // namespace
 
 std::vector<EditedGroup> editedGroups(const std::vector<GroupKey>& hostKeys,
@@ -79,7 +72,7 @@ std::vector<EditedGroup> editedGroups(const std::vector<GroupKey>& hostKeys,
     std::vector<CommandKeys> all = commandKeys(groups, changes);
     auto next = all.begin();
     for (const ShownGroup& shown : groups) {
-        edited.push_back({titleOf(shown.group), {}});
+        edited.push_back({groupTitle(shown.group), {}});
         edited.back().commands.reserve(shown.group.commands.size());
         for (const MenuCommand& command : shown.group.commands) {
             next->keys = keysOf(next->command, working);

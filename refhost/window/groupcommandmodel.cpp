@@ -1,5 +1,6 @@
 #include "refhost/window/groupcommandmodel.h"
 
+#include "refhost/core/menutext.h"
 #include "refhost/window/draggedcommand.h"
 #include "refhost/window/plaintip.h"
 
@@ -9,12 +10,6 @@ namespace {
 
 constexpr int kGroupRole = Qt::UserRole + 1;
 constexpr int kIdRole = Qt::UserRole + 2;
-
-QString titleOf(const MenuGroup& group)
-{
-    return group.title.isEmpty() ? group.name
-                                 : QStringLiteral("%1 – %2").arg(group.name, group.title);
-}
 
 QStandardItem* commandItem(const GroupEntry& command, const QString& groupTitle,
                            const CommandLook& look)
@@ -36,7 +31,7 @@ GroupCommandModel::GroupCommandModel(const std::vector<ShownGroup>& groups,
     : QStandardItemModel(parent)
 {
     for (const ShownGroup& shown : groups) {
-        const QString title = titleOf(shown.group);
+        const QString title = groupTitle(shown.group);
         auto* const group = new QStandardItem(title);
         group->setFlags(Qt::ItemIsSelectable | Qt::ItemIsEnabled);
         QFont font;

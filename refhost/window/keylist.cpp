@@ -1,5 +1,7 @@
 #include "refhost/window/keylist.h"
 
+#include "refhost/core/menutext.h"
+
 #include <KActionCollection>
 #include <KExtendableItemDelegate>
 #include <KKeySequenceWidget>
@@ -24,12 +26,6 @@ namespace {
 
 constexpr int kActionRole = Qt::UserRole + 2; // where the library keeps a row's action
 constexpr int kShownKeys = 2;                 // of a command, in a column each
-
-// The library takes what is behind `&` for the letter to press, and the first of two away.
-QString markedText(QString text)
-{
-    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
-}
 
 // A row holds a place for a key that was taken away.
 Keys keysOf(const QAction& action)
@@ -99,7 +95,7 @@ void KeyList::addGroup(const EditedGroup& group)
     auto* const collection = new KActionCollection(m_editor);
     m_collections.push_back(collection);
     for (const EditedCommand& command : group.commands) {
-        auto* const action = new QAction(command.icon, markedText(command.text));
+        auto* const action = new QAction(command.icon, unmarkedMenuText(command.text));
         // Some names make the library leave an action out, so a command's id is none.
         collection->addAction(QStringLiteral("command%1").arg(m_actions.size()), action);
         if (!command.keys.packageKeys.isEmpty())

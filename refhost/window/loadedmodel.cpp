@@ -109,7 +109,7 @@ public:
         const MenuGroup& group = shown.group;
         m_group = group.name;
         m_path = toQString(shown.path);
-        LoadedRow row = rowOf(LoadedRow::Kind::Group, titleOf(group));
+        LoadedRow row = rowOf(LoadedRow::Kind::Group, groupTitle(group));
         row.detail = m_path;
         row.tip = isMainFile ? m_path + QLatin1Char('\n') + qtTrId("loaded-main-file") : m_path;
         row.isMainFile = isMainFile;
@@ -129,12 +129,6 @@ public:
     void addOwnToolbars(Node& root) { addToolbars(root, qtTrId("loaded-own-toolbars")); }
 
 private:
-    static QString titleOf(const MenuGroup& group)
-    {
-        return group.title.isEmpty() ? group.name
-                                     : QStringLiteral("%1 – %2").arg(group.name, group.title);
-    }
-
     [[nodiscard]] LoadedRow rowOf(LoadedRow::Kind kind, const QString& name) const
     {
         LoadedRow row;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "refhost/core/groupmodel.h"
+#include "refhost/core/userchanges.h"
 #include "refhost/window/groupactions.h"
 
 #include <gtest/gtest.h>
@@ -56,6 +57,26 @@ inline quelhost::ShownGroup group(const char* name, const std::vector<const char
              QString::fromUtf8(text),
              {item("go"), separator(), submenu("more", "&More", {item("ask"), item("go")})}});
     return {(QStringLiteral("/t/") + own + QStringLiteral(".cuix")).toStdWString(), made, false};
+}
+
+inline QKeySequence key(const char* text)
+{
+    return QKeySequence(QString::fromLatin1(text), QKeySequence::PortableText);
+}
+
+inline quelhost::GroupEntry entry(const char* group, const char* command)
+{
+    return {QString::fromUtf8(group), QString::fromUtf8(command)};
+}
+
+// The group above with keys for its commands.
+inline quelhost::ShownGroup keyedGroup(const char* name,
+                                       const std::vector<std::pair<const char*, const char*>>& keys)
+{
+    quelhost::ShownGroup shown = group(name, {});
+    for (const auto& [command, keyText] : keys)
+        shown.group.accelerators.push_back({QString::fromUtf8(command), key(keyText)});
+    return shown;
 }
 
 inline quelhost::GroupModel modelOf(const std::vector<quelhost::ShownGroup>& groups)

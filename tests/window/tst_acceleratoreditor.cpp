@@ -29,25 +29,6 @@ constexpr int kMostMs = 10000;
 constexpr int kKeysColumn = 1;
 constexpr int kMoreKeysColumn = 2;
 
-QKeySequence key(const char* text)
-{
-    return QKeySequence(QString::fromLatin1(text), QKeySequence::PortableText);
-}
-
-GroupEntry entry(const char* group, const char* command)
-{
-    return {QString::fromUtf8(group), QString::fromUtf8(command)};
-}
-
-ShownGroup keyedGroup(const char* name,
-                      const std::vector<std::pair<const char*, const char*>>& keys)
-{
-    ShownGroup shown = group(name, {});
-    for (const auto& [command, keyText] : keys)
-        shown.group.accelerators.push_back({QString::fromUtf8(command), key(keyText)});
-    return shown;
-}
-
 // Answers every question that is asked over a dialog, and keeps what it said.
 class Answers final : public QObject
 {
@@ -291,8 +272,8 @@ TEST_F(AcceleratorEditors, GroupsOfTheSameTitleStayApart)
     for (ShownGroup& shown : groups)
         shown.group.title = QStringLiteral("Tools");
     ASSERT_TRUE(open(groups));
-    EXPECT_EQ(keysIn("Tools (A)", "Ask"), "");
-    EXPECT_EQ(keysIn("Tools (B)", "Go B"), "F6");
+    EXPECT_EQ(keysIn("A – Tools", "Ask"), "");
+    EXPECT_EQ(keysIn("B – Tools", "Go B"), "F6");
 }
 
 TEST_F(AcceleratorEditors, TextsAndNamesAreShownAsTheyStand)

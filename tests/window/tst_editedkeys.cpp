@@ -9,25 +9,6 @@ using namespace windowtest;
 
 namespace {
 
-QKeySequence key(const char* text)
-{
-    return QKeySequence(QString::fromLatin1(text), QKeySequence::PortableText);
-}
-
-GroupEntry entry(const char* group, const char* command)
-{
-    return {QString::fromUtf8(group), QString::fromUtf8(command)};
-}
-
-ShownGroup keyedGroup(const char* name,
-                      const std::vector<std::pair<const char*, const char*>>& keys)
-{
-    ShownGroup shown = group(name, {});
-    for (const auto& [command, keyText] : keys)
-        shown.group.accelerators.push_back({QString::fromUtf8(command), key(keyText)});
-    return shown;
-}
-
 // "Title: text [key; key] (package's key)", a command a text.
 Texts textsOf(const std::vector<EditedGroup>& groups)
 {
@@ -72,7 +53,7 @@ TEST(EditedKeys, ACommandHasTheKeysThatWork)
         editedGroups({}, {keyedGroup("A", {{"ask", "Ctrl+K"}}), titled}, {});
     EXPECT_EQ(textsOf(groups),
               (Texts{"A: Go A [] ()", "A: Ask [Ctrl+K] (Ctrl+K)",
-                     "Second (B): Go B [F7] (Ctrl+K; F7)", "Second (B): Ask [] ()"}));
+                     "B – Second: Go B [F7] (Ctrl+K; F7)", "B – Second: Ask [] ()"}));
 }
 
 TEST(EditedKeys, WhatTheUserChoseGoesFirst)
