@@ -18,7 +18,7 @@ class WindowSession final : public QObject
 
 public:
     // Shows what is loaded in the window, now and after each change. `lines` is null where a script
-    // types them; then nothing can be chosen.
+    // types them; the window takes no input then.
     // REQUIRES: the window and the lines outlive this object, and it is not used after the host.
     WindowSession(Host& host, MainWindow& window, WindowLines* lines);
 

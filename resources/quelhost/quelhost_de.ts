@@ -793,8 +793,8 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
         <translation>Anpassungsdateien</translation>
     </message>
     <message id="window-not-kept">
-        <source>The place of the window could not be kept in %1.</source>
-        <translation>Der Platz des Fensters konnte nicht in %1 festgehalten werden.</translation>
+        <source>How the window was left could not be kept in %1.</source>
+        <translation>Wie das Fenster verlassen wurde, konnte nicht in %1 festgehalten werden.</translation>
     </message>
     <message id="host-menu">
         <source>&amp;Quelhost</source>

@@ -793,8 +793,8 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
         <translation>Customization files</translation>
     </message>
     <message id="window-not-kept">
-        <source>The place of the window could not be kept in %1.</source>
-        <translation>The place of the window could not be kept in %1.</translation>
+        <source>How the window was left could not be kept in %1.</source>
+        <translation>How the window was left could not be kept in %1.</translation>
     </message>
     <message id="host-menu">
         <source>&amp;Quelhost</source>
