@@ -12,7 +12,6 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QTimer>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
@@ -134,7 +133,7 @@ void KeyList::prepareKeys(KKeySequenceWidget& keys)
         button->setToolTip(name);
         // Once the row has its place.
         if (!clears)
-            QTimer::singleShot(0, button, [button] { button->setFocus(); });
+            QMetaObject::invokeMethod(button, "setFocus", Qt::QueuedConnection);
     }
 }
 

@@ -206,7 +206,10 @@ void MainWindow::pointAtButton(QToolBar& toolbar, QAction& action)
                                 : &toolbar; // too narrow for all of its buttons
     if (target == button) {
         button->setDown(true);
-        QTimer::singleShot(kPointedFor, button, [button] { button->setDown(false); });
+        auto* const timer = new QTimer(button); // goes when it is over, or with its button
+        connect(timer, &QTimer::timeout, button, [button] { button->setDown(false); });
+        connect(timer, &QTimer::timeout, timer, &QObject::deleteLater);
+        timer->start(kPointedFor);
     }
     QToolTip::showText(target->mapToGlobal(target->rect().bottomLeft()), action.toolTip(), target,
                        {}, kPointedFor);

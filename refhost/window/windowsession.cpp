@@ -26,7 +26,7 @@ PackageReading readMeanwhile(const QString& path)
         struct Waker
         {
             QEventLoop& loop;
-            ~Waker() { QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection); }
+            ~Waker() { QMetaObject::invokeMethod(&loop, "quit", Qt::QueuedConnection); }
         } const waker{loop};
         return readPackage(path);
     });
