@@ -1,7 +1,6 @@
 // Copies and transfers between byte streams in memory, beside loops by hand.
 #include "bench/support/ratios.h"
 
-#include "host/errors.h"
 #include "tests/support/memorystore.h"
 
 #include <algorithm>
@@ -11,12 +10,6 @@
 
 using streams::Bytes;
 using streams::MemoryStore;
-
-// A host without a crash recorder.
-QuelCrashRecorder* quelGetCrashRecorder()
-{
-    return nullptr;
-}
 
 namespace {
 

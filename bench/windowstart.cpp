@@ -1,47 +1,26 @@
 // From the start of the program to its window's first paint, beside an empty window that is linked
 // with the same libraries. Needs a display.
+#include "bench/support/processtime.h"
 #include "bench/support/ratios.h"
 
-#include <QDir>
-#include <QProcess>
 #include <QTemporaryDir>
-
-#include <chrono>
-
-namespace {
-
-using Arguments = std::function<QStringList()>;
-
-// Both end by themselves after the first paint.
-ratios::Work starts(const QString& program, const Arguments& arguments)
-{
-    return [program, arguments](benchmark::State& state) {
-        for (auto _ : state) {
-            const auto begin = std::chrono::steady_clock::now();
-            const int status = QProcess::execute(program, arguments());
-            const std::chrono::duration<double> time = std::chrono::steady_clock::now() - begin;
-            state.SetIterationTime(time.count());
-            if (status != 0)
-                return state.SkipWithError("the program failed");
-        }
-    };
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {
     const QTemporaryDir profile;
+    const QString program = QStringLiteral(QUELHOST_PROGRAM);
     const QStringList window{QStringLiteral("--window"), QStringLiteral("--profile"),
                              profile.path()};
+    // Both end by themselves after the first paint.
     qputenv("LD_PRELOAD", QUEL_FIRST_PAINT);
     // The first start makes the profile.
-    if (QProcess::execute(QStringLiteral(QUELHOST_PROGRAM), window) != 0)
+    if (ratios::runQuietly(program, window) != 0)
         return 1;
     ratios::Comparison start{
-        "startOfTheWindow", starts(QStringLiteral(QUELHOST_PROGRAM), [&] { return window; }),
+        "startOfTheWindow", ratios::process(program, [&] { return window; }),
         "an empty window with the same libraries",
-        starts(QStringLiteral(QUEL_BARE_WINDOW), [] { return QStringList(); }), 1 / 1.5};
-    start.isTimedByHand = true;
+        ratios::process(QStringLiteral(QUEL_BARE_WINDOW), [] { return QStringList(); }), 1 / 1.5};
+    start.clock = ratios::Clock::ByHand;
+    start.repetitions = 20;
     return ratios::run(argc, argv, {start});
 }

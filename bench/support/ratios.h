@@ -13,6 +13,12 @@ namespace ratios {
 // so that only the work itself counts.
 using Work = std::function<void(benchmark::State&)>;
 
+enum class Clock {
+    Processor, // this process's processor time
+    Wall,      // for work that waits for a disk
+    ByHand,    // each work says itself how long each round took (SetIterationTime)
+};
+
 struct Comparison
 {
     std::string name;
@@ -22,19 +28,20 @@ struct Comparison
     // How many times as fast as the other the work is to be at least: 20 for "twenty times faster",
     // 0.9 for "nine tenths of its throughput", 1 / 1.5 for "at most one and a half times its time".
     double leastSpeed;
-    // Both works say themselves how long each round took (SetIterationTime), because other
-    // processes do what is measured. Otherwise this process's processor time counts.
-    bool isTimedByHand = false;
+    Clock clock = Clock::Processor;
+    int repetitions = 9;
 };
 
-// Runs all of them with Google Benchmark, whose options `argc` and `argv` are, and prints one line
-// for each behind its report:
+// Runs all of them with Google Benchmark, whose options `argc` and `argv` are, and prints a table
+// behind its report:
 //
-//     Ratios: how many times as fast
-//     copyFrom   0.98   at least 0.90   met      against a loop by hand
+//     | case     | times as fast | half of the runs | at least |     | as                      |
+//     |----------|--------------:|-----------------:|---------:|-----|-------------------------|
+//     | copyFrom |          0.98 |      0.97 - 1.01 |     0.90 | met | a loop by hand          |
 //
 // Each work is repeated, in an order that changes by chance, so that what else the machine does
-// reaches both alike. The time of the fastest repetition of each counts.
+// reaches both alike. The first repetition of one is compared with the first of the other, and so
+// on; the table has the median of these ratios and between which two the middle half of them lies.
 // What the options leave out is not told of. Returns the program's exit status: 0 when all targets
 // are met, 1 when one is missed, a work said that it failed, or nothing was run, 2 for wrong
 // options.

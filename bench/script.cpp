@@ -1,0 +1,75 @@
+// The whole program with a script of one MENULOAD, beside the smallest program that has the
+// toolkit's application object. Both without a display.
+#include "bench/support/processtime.h"
+#include "bench/support/ratios.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace {
+
+// A profile that the program has made, as it stands before the run that is measured.
+class Profile
+{
+public:
+    [[nodiscard]] bool make()
+    {
+        QFile script(m_folder.filePath(QStringLiteral("load.scr")));
+        return script.open(QIODevice::WriteOnly) &&
+               script.write("MENULOAD \"" QUEL_PACKAGE "\"\n") > 0 && script.flush() &&
+               ratios::runQuietly(QStringLiteral(QUELHOST_PROGRAM),
+                                  {QStringLiteral("--profile"), path(), QStringLiteral("--script"),
+                                   QStringLiteral("/dev/null")}) == 0 &&
+               keep();
+    }
+
+    [[nodiscard]] QStringList arguments() const
+    {
+        return {QStringLiteral("--profile"), path(), QStringLiteral("--script"),
+                m_folder.filePath(QStringLiteral("load.scr"))};
+    }
+
+    // Puts the files back that were there when it was made.
+    [[nodiscard]] bool restore() const
+    {
+        return QDir(path()).removeRecursively() && copied(kept(), path());
+    }
+
+private:
+    [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("profile")); }
+    [[nodiscard]] QString kept() const { return m_folder.filePath(QStringLiteral("kept")); }
+    [[nodiscard]] bool keep() const { return copied(path(), kept()); }
+
+    static bool copied(const QString& from, const QString& to)
+    {
+        if (!QDir().mkpath(to))
+            return false;
+        bool all = true;
+        for (const QString& name : QDir(from).entryList(QDir::Files | QDir::Hidden)) {
+            all = all && QFile::copy(from + QLatin1Char('/') + name, to + QLatin1Char('/') + name);
+        }
+        return all;
+    }
+
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    Profile profile;
+    if (!profile.make())
+        return 1;
+    ratios::Comparison script{
+        "scriptOfOneLoad",
+        ratios::process(QStringLiteral(QUELHOST_PROGRAM),
+                        [&] { return profile.restore() ? profile.arguments() : QStringList(); }),
+        "the smallest program of the toolkit",
+        ratios::process(QStringLiteral(QUEL_BARE_APPLICATION), [] { return QStringList(); }), 0.5};
+    script.clock = ratios::Clock::ByHand;
+    script.repetitions = 20;
+    return ratios::run(argc, argv, {script});
+}

@@ -1,0 +1,8 @@
+// The smallest program with the toolkit's application object.
+#include <QApplication>
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    return 0;
+}
