@@ -15,9 +15,20 @@ namespace {
 constexpr wchar_t kSeparator = L';';
 constexpr int kExtensionLength = 4;
 
+// Whether each character is one and the same unit in wide texts and in Qt's: none is beyond 15
+// bits.
+bool isPlain(std::wstring_view text)
+{
+    constexpr wchar_t plainBits = 0x7FFF;
+    wchar_t bits = 0;
+    for (const wchar_t character : text)
+        bits |= character;
+    return (bits & ~plainBits) == 0;
+}
+
 // Qt's conversion takes a leading U+FEFF for a byte order mark and drops it. Here it belongs to the
 // name: without it another file would be meant.
-QString toQString(std::wstring_view text)
+QString convertedByQt(std::wstring_view text)
 {
     constexpr wchar_t mark = 0xFEFF;
     const std::size_t marks = std::min(text.find_first_not_of(mark), text.size());
@@ -26,14 +37,41 @@ QString toQString(std::wstring_view text)
            QString::fromWCharArray(rest.data(), static_cast<int>(rest.size()));
 }
 
-QString baseName(const QString& path)
+// Lists are long and their paths plain, and Qt's conversion takes its time for each character.
+QString toQString(std::wstring_view text)
 {
-    return QFileInfo(path).baseName();
+    if (!isPlain(text))
+        return convertedByQt(text);
+    QString result(static_cast<int>(text.size()), Qt::Uninitialized);
+    std::transform(text.begin(), text.end(), result.begin(),
+                   [](wchar_t character) { return QChar(static_cast<ushort>(character)); });
+    return result;
+}
+
+QString qtBaseName(std::wstring_view path)
+{
+    return QFileInfo(toQString(path)).baseName();
+}
+
+std::wstring_view fileName(std::wstring_view path)
+{
+    const std::size_t slash = path.rfind(L'/');
+    return slash == path.npos ? path : path.substr(slash + 1);
+}
+
+// As Qt has it, which knows more kinds of paths than absolute ones and replaces what is no
+// character.
+std::wstring baseName(std::wstring_view path)
+{
+    if (path.empty() || path.front() != L'/' || !isPlain(path))
+        return qtBaseName(path).toStdWString();
+    const std::wstring_view name = fileName(path);
+    return std::wstring(name.substr(0, name.find(L'.')));
 }
 
 QString identity(std::wstring_view path)
 {
-    return baseName(toQString(path)).toUpper();
+    return qtBaseName(path).toUpper();
 }
 
 // Calls `take` with each entry in turn, empty ones included, until it returns true; returns whether
@@ -65,8 +103,7 @@ wchar_t upperAscii(wchar_t character)
 // letters or none of its own and is left to the full comparison.
 bool surelyDiffers(std::wstring_view path, const std::wstring& identity)
 {
-    const std::size_t slash = path.rfind(L'/');
-    const std::wstring_view name = slash == path.npos ? path : path.substr(slash + 1);
+    const std::wstring_view name = fileName(path);
     std::size_t at = 0;
     for (; at < name.size() && name[at] != L'.'; ++at) {
         if (!isAscii(name[at]))
@@ -118,9 +155,8 @@ std::vector<std::wstring> LoadedMenuFileList::shownNames() const
 {
     std::vector<std::wstring> names;
     findEntry(m_text, [&](std::wstring_view entry) {
-        const QString path = toQString(entry);
-        if (QFile::exists(path))
-            names.push_back(baseName(path).toStdWString());
+        if (QFile::exists(toQString(entry)))
+            names.push_back(baseName(entry));
         return false;
     });
     return names;
@@ -150,9 +186,7 @@ int LoadedMenuFileList::removeIf(const Test& isUnwanted)
 
 int LoadedMenuFileList::removeNamed(const std::wstring& name)
 {
-    return removeIf([&name](std::wstring_view entry) {
-        return baseName(toQString(entry)).toStdWString() == name;
-    });
+    return removeIf([&name](std::wstring_view entry) { return baseName(entry) == name; });
 }
 
 LoadedMenuFileList::Found LoadedMenuFileList::unload(const std::wstring& path)

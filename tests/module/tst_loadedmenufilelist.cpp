@@ -243,6 +243,7 @@ TEST(LoadedMenuFileList, ShowsTheBaseNamesOfTheEntriesThatExistInTheirOrder)
     const std::wstring capital = folder.file(L"x/A.b.cuix");
     const std::wstring mark = folder.file(L"\uFEFFm.cuix");
     const std::wstring smile = folder.file(L"\U0001F600.\u00E9");
+    const std::wstring script = folder.file(L"\u754C\uAC00.x.y");
     const std::wstring gone = folder.path(L"gone.cuix");
     struct Row
     {
@@ -253,7 +254,8 @@ TEST(LoadedMenuFileList, ShowsTheBaseNamesOfTheEntriesThatExistInTheirOrder)
          {Row{L"", {}}, Row{L";", {}}, Row{gone, {}}, Row{a, {L"a"}}, Row{a + L";", {L"a"}},
           Row{L";" + a, {L"a"}}, Row{a + L";;" + a, {L"a", L"a"}},
           Row{gone + L";" + capital + L";" + gone + L";" + a, {L"A", L"a"}},
-          Row{mark + L";" + smile, {L"\uFEFFm", L"\U0001F600"}}, Row{L" " + a, {}},
+          Row{mark + L";" + smile, {L"\uFEFFm", L"\U0001F600"}}, Row{script, {L"\u754C\uAC00"}},
+          Row{L".", {L""}}, Row{L" " + a, {}},
           Row{folder.path(L"x") + L";" + folder.path(L"x/"), {L"x", L""}},
           Row{folder.link(L"l.cuix", a) + L";" + folder.link(L"m.cuix", gone), {L"l"}}}) {
         const LoadedMenuFileList list = listOf(row.text);
