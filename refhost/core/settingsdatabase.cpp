@@ -37,15 +37,16 @@ bool isNewerFormat(int mark)
     return format > kFormat && mark == formatMark(format);
 }
 
-std::string bytesOf(const SQLite::Column& column)
+// Valid until the statement steps on.
+std::string_view bytesOf(const SQLite::Column& column)
 {
     const auto* bytes = static_cast<const char*>(column.getBlob());
-    return bytes ? std::string(bytes, static_cast<std::size_t>(column.getBytes())) : std::string();
+    return {bytes, bytes == nullptr ? 0 : static_cast<std::size_t>(column.getBytes())};
 }
 
 std::optional<Item> itemOf(SQLite::Statement& statement)
 {
-    SettingsRow row;
+    SettingsRowView row;
     row.category = statement.getColumn(0).getInt64();
     row.key = bytesOf(statement.getColumn(1));
     row.kind = statement.getColumn(2).getInt64();
@@ -220,7 +221,7 @@ Status SettingsDatabase::copyTo(const QString& copy) const
         return copied;
     // The copy's header speaks of a log, as the original's does; a copy is to be one file alone.
     const auto makeSingle = [&]() -> Status {
-        target.m_connection->exec("PRAGMA journal_mode=DELETE");
+        target.m_connection->exec("PRAGMA journal_mode=MEMORY");
         // A header can forbid writing, and it is copied as it is.
         if (sqlite3_db_readonly(target.m_connection->getHandle(), "main") != 0)
             return plainFault(FaultKind::Damaged, sentence(qtTrId("settings-reason-damaged")));

@@ -25,12 +25,14 @@ std::uint32_t fromBigEndian32(std::string_view bytes)
     return qFromBigEndian<quint32>(bytes.data());
 }
 
+// The library takes a null pointer for the wish to begin anew, whatever the size.
 uLong addTo(uLong sum, std::string_view bytes)
 {
-    return crc32_z(sum, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size());
+    return bytes.empty() ? sum
+                         : crc32_z(sum, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size());
 }
 
-std::int64_t checksumOf(const SettingsRow& row)
+std::int64_t checksumOf(const SettingsRowView& row)
 {
     std::string head(3 * sizeof(quint64), '\0');
     qToBigEndian(static_cast<qint64>(row.category), head.data());
@@ -54,7 +56,7 @@ std::string valueOf(const Item& item)
 }
 
 // Puts the row's value into the item; false when the kind has no such value.
-bool takeValue(const SettingsRow& row, Item& item)
+bool takeValue(const SettingsRowView& row, Item& item)
 {
     if (row.kind == static_cast<int>(ItemKind::Section)) {
         item.kind = ItemKind::Section;
@@ -102,7 +104,7 @@ SettingsRow rowOf(const Item& item)
     return row;
 }
 
-std::optional<Item> itemOf(const SettingsRow& row)
+std::optional<Item> itemOf(const SettingsRowView& row)
 {
     using Category = std::numeric_limits<int>;
     if (checksumOf(row) != row.checksum)

@@ -19,7 +19,7 @@
 
 namespace quelhost {
 
-// One row as the database holds it; nothing about it is checked yet.
+// One row as the database is to hold it.
 struct SettingsRow
 {
     std::int64_t category = 0;
@@ -27,6 +27,27 @@ struct SettingsRow
     std::int64_t kind = 0;
     std::string value; // section: empty; integer: 4 bytes; string: 4 bytes a character
     std::int64_t checksum = 0;
+};
+
+// One row as it is found; nothing about it is checked yet. The bytes are borrowed: a list of loaded
+// files may have millions.
+struct SettingsRowView
+{
+    std::int64_t category = 0;
+    std::string_view key;
+    std::int64_t kind = 0;
+    std::string_view value;
+    std::int64_t checksum = 0;
+
+    SettingsRowView() = default;
+    // Implicit: what is to be stored can be looked at like what is found.
+    SettingsRowView(const SettingsRow& row)
+        : category(row.category)
+        , key(row.key)
+        , kind(row.kind)
+        , value(row.value)
+        , checksum(row.checksum)
+    {}
 };
 
 [[nodiscard]] std::string encodeWide(std::wstring_view text);
@@ -39,6 +60,6 @@ struct SettingsRow
 
 // The item of a row; nothing when the checksum does not match or the row is none that `rowOf`
 // makes: the row is damaged.
-[[nodiscard]] std::optional<Item> itemOf(const SettingsRow& row);
+[[nodiscard]] std::optional<Item> itemOf(const SettingsRowView& row);
 
 } // namespace quelhost

@@ -16,10 +16,31 @@ char32_t scalarOrReplacement(char32_t code)
     return surrogate || code > 0x10FFFF ? kReplacement : code;
 }
 
+// Whether each character is one and the same unit in wide texts and in Qt's: none is beyond 15
+// bits.
+bool isPlain(std::wstring_view text)
+{
+    constexpr char32_t plainBits = 0x7FFF;
+    char32_t bits = 0;
+    for (const wchar_t character : text)
+        bits |= static_cast<char32_t>(character);
+    return (bits & ~plainBits) == 0;
+}
+
+QString fromPlain(std::wstring_view text)
+{
+    QString result(static_cast<int>(text.size()), Qt::Uninitialized);
+    std::transform(text.begin(), text.end(), result.begin(),
+                   [](wchar_t character) { return QChar(static_cast<ushort>(character)); });
+    return result;
+}
+
 } // namespace
 
 QString toQString(std::wstring_view text)
 {
+    if (isPlain(text))
+        return fromPlain(text);
     QString result;
     result.reserve(static_cast<int>(text.size()));
     for (const wchar_t character : text) {
