@@ -173,7 +173,8 @@ Result<SettingsConnection> connectToNew(const QString& file)
     Result<SettingsConnection> opened = connect(file, QFile::encodeName(file).toStdString(),
                                                 SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     if (opened)
-        opened.value()->tryExec("PRAGMA synchronous=OFF; PRAGMA journal_mode=MEMORY");
+        opened.value()->tryExec("PRAGMA synchronous=OFF; PRAGMA journal_mode=MEMORY;"
+                                " PRAGMA locking_mode=EXCLUSIVE");
     return opened;
 }
 

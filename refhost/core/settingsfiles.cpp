@@ -133,13 +133,16 @@ Status discard(const QString& file)
     return Done{};
 }
 
+Status replaceWhole(const QString& from, const QString& to)
+{
+    const Status synced = syncPath(from, O_RDONLY);
+    return synced ? renameFile(from, to) : synced;
+}
+
 Status putInPlace(const QString& from, const QString& to)
 {
-    if (const Status synced = syncPath(from, O_RDONLY); !synced)
-        return synced;
-    if (const Status renamed = renameFile(from, to); !renamed)
-        return renamed;
-    return syncFolder(QFileInfo(to).path());
+    const Status replaced = replaceWhole(from, to);
+    return replaced ? syncFolder(QFileInfo(to).path()) : replaced;
 }
 
 Status syncFolder(const QString& folder)

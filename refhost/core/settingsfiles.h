@@ -40,7 +40,11 @@ enum class FilePresence {
 [[nodiscard]] Status discard(const QString& file);
 
 // Has the closed file `from` written to disk and gives it the name `to` in one step, replacing what
-// had it. When it returns, the change is on disk. REQUIRES: both in one folder.
+// had it. Should the machine stop, `to` is the former file or the new one, each of them whole.
+// REQUIRES: both in one folder.
+[[nodiscard]] Status replaceWhole(const QString& from, const QString& to);
+
+// The same; when it returns, it is the new file that a machine that stops finds.
 [[nodiscard]] Status putInPlace(const QString& from, const QString& to);
 
 // Has the entries of a folder written to disk.

@@ -43,6 +43,12 @@ struct Item
     {
         return {category, std::move(key), ItemKind::String, 0, std::move(text)};
     }
+
+    friend bool operator==(const Item& one, const Item& other)
+    {
+        return one.category == other.category && one.kind == other.kind &&
+               one.number == other.number && one.key == other.key && one.text == other.text;
+    }
 };
 
 // What is to be changed at once.

@@ -102,6 +102,19 @@ Status makeNewFile(const QString& folder)
     return putInPlace(fresh, settingsFile(folder));
 }
 
+// Whether the good copy is sound and holds the very items of `database`.
+bool isGoodCopyOf(const QString& good, const SettingsDatabase& database)
+{
+    if (presenceOf(good) != FilePresence::Present || hasCompanions(good))
+        return false;
+    const Result<SettingsDatabase::Pointer> sound = SettingsDatabase::openForReading(good);
+    if (!sound)
+        return false;
+    const Result<std::vector<Item>> kept = sound.value()->all();
+    const Result<std::vector<Item>> present = database.all();
+    return kept && present && kept.value() == present.value();
+}
+
 // Keeps a file with its companions aside when there is one.
 Status keepWhatIsThere(const QString& file, QString& keptAside)
 {
@@ -303,11 +316,14 @@ Result<SettingsDatabase::Pointer> openSettingsAgain(const QString& folder)
 Status renewGoodCopy(const SettingsDatabase& database, const QString& folder)
 {
     const QString fresh = newCopyFile(folder);
+    const QString good = goodCopyFile(folder);
     Status renewed = discard(fresh);
+    if (renewed && isGoodCopyOf(good, database))
+        return renewed;
     if (renewed)
         renewed = database.copyTo(fresh);
     if (renewed)
-        renewed = putInPlace(fresh, goodCopyFile(folder));
+        renewed = replaceWhole(fresh, good);
     if (renewed)
         return renewed;
     // Half a copy is of no use and takes room that a full disk needs.

@@ -29,7 +29,8 @@ struct OpenedSettings
 // nothing.
 [[nodiscard]] Result<SettingsDatabase::Pointer> openSettingsAgain(const QString& folder);
 
-// Puts a copy of `database` in place of the last good copy. On a fault the former one stands.
+// Puts a copy of `database` in place of the last good copy, unless that is sound and holds the same
+// items already. On a fault the former one stands.
 [[nodiscard]] Status renewGoodCopy(const SettingsDatabase& database, const QString& folder);
 
 } // namespace quelhost

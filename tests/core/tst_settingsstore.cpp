@@ -5,10 +5,15 @@
 #include "tests/core/childprocess.h"
 #include "tests/core/settingssupport.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace quelhost;
 using namespace quelhost::test;
@@ -288,6 +293,35 @@ TEST(SettingsStore, AGoodCopyIsMadeAfterEachStartAndEachEnd)
     EXPECT_EQ(goodCopyHolds(), std::vector<std::string>{"integer 2"}) << "after a clean start";
     EXPECT_EQ(bytesOf(goodCopyFile(profile.path())).mid(18, 2), QByteArray("\1\1", 2))
         << "its header says that it has no log";
+}
+
+// Starts and ends that changed nothing cost no copy.
+TEST(SettingsStore, ASoundGoodCopyOfTheSameItemsStays)
+{
+    const ScratchFolder profile;
+    auto store = openStore(profile.path());
+    ASSERT_TRUE(store);
+    ASSERT_EQ(told(store->write(Item::string(4, L"K", L"same"))), "done");
+    ASSERT_EQ(told(store->close()), "done");
+    const QString good = goodCopyFile(profile.path());
+    const auto serial = [&good] {
+        struct stat status = {};
+        return ::stat(QFile::encodeName(good).constData(), &status) == 0 ? status.st_ino : 0;
+    };
+    const QString link = good + QStringLiteral(".link"); // keeps the number from being used again
+    ASSERT_EQ(::link(QFile::encodeName(good).constData(), QFile::encodeName(link).constData()), 0);
+    const ino_t before = serial();
+
+    store = openStore(profile.path());
+    ASSERT_TRUE(store);
+    ASSERT_EQ(told(store->write(Item::string(4, L"K", L"same"))), "done");
+    ASSERT_EQ(told(store->close()), "done");
+    EXPECT_EQ(serial(), before);
+
+    store = openStore(profile.path());
+    ASSERT_EQ(told(store->write(Item::string(4, L"K", L"other"))), "done");
+    ASSERT_EQ(told(store->close()), "done");
+    EXPECT_NE(serial(), before);
 }
 
 TEST(SettingsStore, TheSettingsAreKeptInAWriteAheadLog)
