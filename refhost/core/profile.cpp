@@ -121,6 +121,14 @@ QString ensureMainFileExists(const Profile& profile, const QByteArray& content)
     return profile.isNew() ? QString() : qtTrId("profile-main-file-written").arg(file);
 }
 
+// A first start that was ended before it stored the list leaves settings without any item; it is
+// made up for without a word.
+bool wereUsed(const SettingsStore& settings)
+{
+    const Result<std::vector<Item>> items = settings.all();
+    return !items || !items.value().empty();
+}
+
 } // namespace
 
 QString Profile::defaultFolder()
@@ -218,7 +226,7 @@ Result<std::vector<QString>> ensureMainFile(const Profile& profile, SettingsStor
         Item::string(kListCategory, kListKey,
                      withMainFileFirst(text ? std::wstring_view(list->text) : std::wstring_view(),
                                        profile.mainFile()));
-    if (list || !profile.isNew())
+    if (list || wereUsed(settings))
         sentences.push_back(listSentence(list, profile.mainFile()));
     if (const Status stored = settings.write(whole); !stored) {
         settings.setForThisRun(whole);

@@ -69,7 +69,8 @@ private:
 // A missing file is written anew with `content`. Without a list, or with one that is empty or no
 // text, the list becomes the main file alone. Otherwise the main file is put in front, taken away
 // from where else it stands, and all other entries, empty ones too, stay as they are. An entry that
-// names the main file in another way counts as the main file.
+// names the main file in another way counts as the main file. Settings without any item are a first
+// start's, and there is nothing to tell about their list.
 //
 // What cannot be stored is put in force for this run, and told unless the profile cannot be
 // written, which its own notice says. The only fault is that the list cannot be read.

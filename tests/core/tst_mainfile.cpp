@@ -25,7 +25,7 @@ const wchar_t* const kList = L"CUIX/LoadedCuix";
 struct OpenProfile
 {
     explicit OpenProfile(const QString& folder)
-        : made(static_cast<bool>(openStore(folder)))
+        : made(openStore(folder)->write(Item::integer(4, L"Used", 1)))
         , profile(Profile::open(folder))
         , settings(openStore(folder))
     {}
@@ -75,6 +75,20 @@ TEST(MainFile, ANewProfileGetsItsFileSilentlyToo)
     ASSERT_TRUE(settings);
     EXPECT_EQ(ensured(*profile.value(), *settings), std::vector<std::string>());
     EXPECT_EQ(bytesOf(scratch.file("QUELD.cuix")), QByteArray("package"));
+}
+
+TEST(MainFile, SettingsThatNeverHadAnItemGetTheirListSilently)
+{
+    const ScratchFolder scratch;
+    ASSERT_TRUE(openStore(scratch.path())); // as a first start does before it is ended
+    const auto profile = Profile::open(scratch.path());
+    ASSERT_TRUE(profile);
+    EXPECT_FALSE(profile.value()->isNew());
+    ASSERT_TRUE(setBytes(scratch.file("QUELD.cuix"), "package"));
+    const auto settings = openStore(scratch.path());
+    ASSERT_TRUE(settings);
+    EXPECT_EQ(ensured(*profile.value(), *settings), std::vector<std::string>());
+    EXPECT_EQ(valueIn(*settings, kList), "string " + scratch.path().toStdString() + "/QUELD.cuix");
 }
 
 TEST(MainFile, ItBecomesEntryZeroAndAllElseStays)
