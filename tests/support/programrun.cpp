@@ -1,6 +1,5 @@
 #include "tests/support/programrun.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -41,34 +40,106 @@ private:
 
 } // namespace
 
-ProgramResult ProgramRun::run() const
+QProcessEnvironment programEnvironment(const QString& home)
 {
-    const QTemporaryDir home;
     QProcessEnvironment surroundings;
     for (const char* name : {"PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS"}) {
         if (qEnvironmentVariableIsSet(name))
             surroundings.insert(QLatin1String(name), qEnvironmentVariable(name));
     }
-    surroundings.insert(QStringLiteral("HOME"), home.path());
+    surroundings.insert(QStringLiteral("HOME"), home);
     surroundings.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    for (auto each = environment.begin(); each != environment.end(); ++each)
-        surroundings.insert(each.key(), each.value());
+    return surroundings;
+}
 
-    LimitedProcess process(runAsUser, fileSizeLimit);
-    process.setProcessEnvironment(surroundings);
-    process.setWorkingDirectory(folder.isEmpty() ? home.path() : folder);
-    process.start(QStringLiteral(QUELHOST_PROGRAM), arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    ProgramResult result;
-    result.ended =
-        process.waitForFinished(timeLimitMs) && process.exitStatus() == QProcess::NormalExit;
-    if (process.state() != QProcess::NotRunning) {
-        process.kill();
-        process.waitForFinished();
+ProgramResult ProgramRun::run() const
+{
+    LiveProgram program(*this);
+    program.waitForEnd();
+    return program.result();
+}
+
+LiveProgram::LiveProgram(const ProgramRun& run, bool moreInput)
+    : m_timeLimitMs(run.timeLimitMs)
+    , m_process(std::make_unique<LimitedProcess>(run.runAsUser, run.fileSizeLimit))
+{
+    QProcessEnvironment surroundings = programEnvironment(m_home.path());
+    for (auto each = run.environment.begin(); each != run.environment.end(); ++each)
+        surroundings.insert(each.key(), each.value());
+    m_process->setProcessEnvironment(surroundings);
+    m_process->setWorkingDirectory(run.folder.isEmpty() ? m_home.path() : run.folder);
+    m_process->start(QStringLiteral(QUELHOST_PROGRAM), run.arguments);
+    m_process->setReadChannel(QProcess::StandardError);
+    m_process->write(run.input);
+    if (!moreInput)
+        m_process->closeWriteChannel();
+    m_process->waitForBytesWritten(m_timeLimitMs);
+}
+
+LiveProgram::~LiveProgram()
+{
+    kill();
+}
+
+void LiveProgram::type(const QString& lines)
+{
+    m_process->write(lines.toUtf8());
+    m_process->waitForBytesWritten(m_timeLimitMs);
+}
+
+bool LiveProgram::waitForStatuses(int count)
+{
+    while (statuses().size() < count) {
+        if (!m_process->waitForReadyRead(m_timeLimitMs))
+            return statuses().size() >= count;
     }
-    result.exitStatus = result.ended ? process.exitCode() : -1;
-    result.output = QString::fromUtf8(process.readAllStandardOutput());
-    result.diagnostics = QString::fromUtf8(process.readAllStandardError());
+    return true;
+}
+
+QString LiveProgram::output()
+{
+    readAll();
+    return QString::fromUtf8(m_output);
+}
+
+QStringList LiveProgram::statuses()
+{
+    readAll();
+    QStringList rows = QString::fromUtf8(m_diagnostics).split(QLatin1Char('\n'));
+    rows.removeLast();
+    return rows;
+}
+
+bool LiveProgram::kill()
+{
+    if (m_process->state() == QProcess::NotRunning)
+        return false;
+    m_process->kill();
+    m_process->waitForFinished(m_timeLimitMs);
+    return m_process->exitStatus() == QProcess::CrashExit;
+}
+
+bool LiveProgram::waitForEnd()
+{
+    m_process->closeWriteChannel();
+    return m_process->state() == QProcess::NotRunning || m_process->waitForFinished(m_timeLimitMs);
+}
+
+ProgramResult LiveProgram::result()
+{
+    ProgramResult result;
+    result.ended = m_process->state() == QProcess::NotRunning &&
+                   m_process->exitStatus() == QProcess::NormalExit &&
+                   m_process->error() != QProcess::FailedToStart;
+    kill();
+    result.exitStatus = result.ended ? m_process->exitCode() : -1;
+    result.output = output();
+    result.diagnostics = QString::fromUtf8(m_diagnostics);
     return result;
+}
+
+void LiveProgram::readAll()
+{
+    m_output += m_process->readAllStandardOutput();
+    m_diagnostics += m_process->readAllStandardError();
 }

@@ -4,8 +4,15 @@
 
 #include <QByteArray>
 #include <QMap>
+#include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+
+// What the program finds in its environment: no display, and no settings of the user's.
+[[nodiscard]] QProcessEnvironment programEnvironment(const QString& home);
 
 // What a run left behind.
 struct ProgramResult
@@ -31,4 +38,40 @@ struct ProgramRun
 
     // Runs the program to its end, without a display and with no settings of the user's.
     [[nodiscard]] ProgramResult run() const;
+};
+
+// The program while it runs, with the input that it was given typed ahead.
+class LiveProgram
+{
+public:
+    // Starts it. With `moreInput`, lines can still be typed; else its input ends.
+    explicit LiveProgram(const ProgramRun& run, bool moreInput = false);
+    LiveProgram(const LiveProgram&) = delete;
+    LiveProgram& operator=(const LiveProgram&) = delete;
+    ~LiveProgram(); // ends it if it still runs
+
+    void type(const QString& lines);
+
+    // Waits until so many commands have reported how they ended; false when they never will.
+    bool waitForStatuses(int count);
+
+    // What was printed so far, and the whole rows of diagnostics, without their ends.
+    [[nodiscard]] QString output();
+    [[nodiscard]] QStringList statuses();
+
+    // Ends it as the system does; false when it had ended by itself.
+    bool kill();
+
+    // Ends its input and lets it end by itself.
+    bool waitForEnd();
+    [[nodiscard]] ProgramResult result();
+
+private:
+    void readAll();
+
+    const int m_timeLimitMs;
+    QTemporaryDir m_home;
+    std::unique_ptr<QProcess> m_process;
+    QByteArray m_output;
+    QByteArray m_diagnostics;
 };

@@ -1,0 +1,139 @@
+// The program is ended right before and right after each of its system calls: while it stores a
+// setting, where it starts and repairs, where it ends.
+#include "tests/program/storedprofile.h"
+#include "tests/support/tracedrun.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace {
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+enum class Before {
+    CleanEnd,
+    Kill, // the log holds what was stored
+    Damage,
+    FirstStart,
+};
+
+struct KilledRow
+{
+    const char* name;
+    Before before;
+    RunPart part;
+    const char* line; // %1 is a package
+    int leastMoments; // that there must be at all
+};
+
+std::ostream& operator<<(std::ostream& out, const KilledRow& row)
+{
+    return out << row.name;
+}
+
+class KilledAtCalls : public testing::TestWithParam<KilledRow>
+{
+protected:
+    TracedRun traced(RunPart part, const QString& line, int killAt) const
+    {
+        const ProgramRun run = profile.script(line);
+        return {run.arguments, run.input, profile.profile(), part, killAt};
+    }
+
+    // Makes the profile that the row begins with.
+    bool prepare()
+    {
+        bool done = profile.script(text("MENULOAD %1\n").arg(profile.package(1))).run().ended;
+        const QString second = text("MENULOAD %1\n").arg(profile.package(2));
+        if (GetParam().before == Before::Kill)
+            done = traced(RunPart::End, second, 1).run().killed && done;
+        else
+            done = profile.script(second).run().ended && done;
+        StoredProfile::Files files = profile.files();
+        if (GetParam().before == Before::Damage)
+            files[text("settings.db")] = m_damaged;
+        if (GetParam().before == Before::FirstStart)
+            files.clear();
+        m_model = files;
+        return done && profile.putBack(files);
+    }
+
+    QString line() const
+    {
+        return QString::fromUtf8(GetParam().line).replace(text("%1"), profile.package(3));
+    }
+
+    const StoredProfile profile;
+    const QByteArray m_damaged = QByteArray("no database");
+    StoredProfile::Files m_model;
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Program, KilledAtCalls,
+    testing::Values(
+        KilledRow{"LoadingAPackage", Before::CleanEnd, RunPart::Command, "MENULOAD %1\n", 40},
+        KilledRow{"LoadingAfterAKill", Before::Kill, RunPart::Command, "MENULOAD %1\n", 40},
+        KilledRow{"StartingAfterACleanEnd", Before::CleanEnd, RunPart::Start, "", 40},
+        KilledRow{"StartingAfterAKill", Before::Kill, RunPart::Start, "", 40},
+        KilledRow{"RepairingADamagedFile", Before::Damage, RunPart::Start, "", 40},
+        KilledRow{"StartingForTheFirstTime", Before::FirstStart, RunPart::Start, "", 40},
+        KilledRow{"EndingAfterALoad", Before::CleanEnd, RunPart::End, "MENULOAD %1\n", 40}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+// At most so many of the moments 1 to `all`, evenly spread from a random one on.
+std::vector<int> chosen(int all, int most, unsigned int seed)
+{
+    const int step = std::max(1, (all + most - 1) / most);
+    std::vector<int> moments;
+    for (int moment = 1 + static_cast<int>(seed % static_cast<unsigned int>(step)); moment <= all;
+         moment += step)
+        moments.push_back(moment);
+    return moments;
+}
+
+} // namespace
+
+TEST_P(KilledAtCalls, LeavesTheListAsItWasAcknowledgedOrTheNextOne)
+{
+    const KilledRow& row = GetParam();
+    ASSERT_TRUE(prepare());
+    const QString stored = profile.listing();
+    const TracedEnd whole = traced(row.part, line(), 0).run();
+    ASSERT_TRUE(whole.traced) << "this system does not let programs be traced";
+    ASSERT_EQ(whole.exitStatus, 0) << whole.output.toStdString();
+    ASSERT_GE(whole.moments, row.leastMoments);
+    const QString next = profile.listing();
+    ASSERT_TRUE(next.startsWith(text("CUIX/LoadedCuix\tstring\t"))) << next.toStdString();
+    const QStringList names = profile.files().keys();
+
+    RecordProperty("moments", whole.moments);
+    const unsigned int seed = wantedSeed();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    for (const int moment : chosen(whole.moments, wantedRounds(5), seed)) {
+        ASSERT_TRUE(profile.putBack(m_model));
+        const TracedEnd end = traced(row.part, line(), moment).run();
+        SCOPED_TRACE("moment " + std::to_string(moment) + ", " + end.call);
+        ASSERT_TRUE(end.killed);
+        const QString left = profile.listing();
+        const QStringList told = profile.toldBySession();
+        const QString list = profile.listing();
+        if (row.before == Before::Damage) {
+            const bool repaired = left == next;
+            EXPECT_EQ(list.toStdString(), next.toStdString());
+            EXPECT_EQ(told.isEmpty(), repaired) << told.join(text("\n")).toStdString();
+            ASSERT_EQ(profile.keptAside().size(), 1);
+            EXPECT_EQ(profile.files()[profile.keptAside()[0]], m_damaged);
+            continue;
+        }
+        const bool acknowledged = end.diagnostics.contains(text("\t5100\n"));
+        const bool isNext = list == next;
+        EXPECT_TRUE(isNext || (list == stored && !acknowledged)) << list.toStdString();
+        EXPECT_TRUE(left == list || row.before == Before::FirstStart) << left.toStdString();
+        EXPECT_TRUE(told.isEmpty()) << told.join(text("\n")).toStdString();
+        EXPECT_EQ(profile.files().keys(), names);
+    }
+}
