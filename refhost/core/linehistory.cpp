@@ -96,11 +96,12 @@ void LineHistory::save()
     std::string content;
     for (const std::wstring& line : m_lines)
         content += toUtf8(line) + '\n';
+    const auto size = static_cast<qint64>(content.size());
     QSaveFile file(m_path);
-    const bool written = file.open(QIODevice::WriteOnly) &&
+    // A buffer that finds the disk full at the end would be lost without a fault.
+    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
                          file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-                         file.write(content.data(), static_cast<qint64>(content.size())) >= 0 &&
-                         file.commit();
+                         file.write(content.data(), size) == size && file.commit();
     if (!written)
         return fail(qtTrId("console-history-unwritable").arg(m_path, file.errorString()));
     m_saved = true;

@@ -199,8 +199,9 @@ Status Profile::writeStarterFiles(const QByteArray& mainFileBytes,
 Status writeFileSafely(const QString& file, const QByteArray& bytes)
 {
     QSaveFile target(file);
-    const bool written =
-        target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit();
+    // A buffer that finds the disk full at the end would be lost without a fault.
+    const bool written = target.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                         target.write(bytes) == bytes.size() && target.commit();
     if (written)
         return syncFolder(QFileInfo(file).path());
     const bool refused = isRefusal(accessError(QFileInfo(file).path(), W_OK | X_OK)) ||

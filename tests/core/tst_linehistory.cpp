@@ -1,5 +1,7 @@
 #include "refhost/core/linehistory.h"
 
+#include "tests/core/childprocess.h"
+
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -177,6 +179,19 @@ TEST_F(History, TellsOnceThatItCannotBeWrittenAndTriesAgain)
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("missing")));
     EXPECT_TRUE(history.add(L"three"));
     EXPECT_EQ(content(), "one\ntwo\nthree\n");
+}
+
+TEST_F(History, KeepsWhatItHadOnAFullDisk)
+{
+    ASSERT_TRUE(write("one\n"));
+    const auto end = quelhost::test::runInChild([&]() -> std::string {
+        if (!quelhost::test::limitFileSize(5))
+            return "no limit";
+        LineHistory history(path());
+        return history.add(L"two") ? history.takeProblem().toStdString() : "not taken";
+    });
+    EXPECT_EQ(end.output.find("The lines you type are not kept: "), 0U) << end.output;
+    EXPECT_EQ(content(), "one\n");
 }
 
 TEST_F(History, TriesAgainAtTheEnd)

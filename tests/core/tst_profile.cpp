@@ -292,16 +292,26 @@ TEST(WriteFileSafely, TheFileIsReplacedOrStaysAsItWas)
     ASSERT_EQ(told(writeFileSafely(file, QByteArray("n\0w", 3))), "done");
     EXPECT_EQ(bytesOf(file), QByteArray("n\0w", 3));
 
-    const ChildEnd end = runInChild([&]() -> std::string {
-        if (!limitFileSize(1000))
-            return "no limit";
-        const Status written = writeFileSafely(file, QByteArray(100000, 'x'));
-        const bool named = !written && written.fault().sentence.contains(file);
-        return told(written) + (named ? ", named" : "");
-    });
-    EXPECT_EQ(end.output, "Io, named");
-    EXPECT_EQ(bytesOf(file), QByteArray("n\0w", 3));
-    EXPECT_EQ(scratch.names(), std::vector<std::string>{"QUELD.pgp"});
+    struct Row
+    {
+        const char* name;
+        unsigned long long room;
+        int size;
+    };
+    for (const Row& row : {Row{"no room at all", 0, 1}, Row{"no room for its end", 1000, 1001},
+                           Row{"no room for the most", 1000, 100000}}) {
+        SCOPED_TRACE(row.name);
+        const ChildEnd end = runInChild([&]() -> std::string {
+            if (!limitFileSize(row.room))
+                return "no limit";
+            const Status written = writeFileSafely(file, QByteArray(row.size, 'x'));
+            const bool named = !written && written.fault().sentence.contains(file);
+            return told(written) + (named ? ", named" : "");
+        });
+        EXPECT_EQ(end.output, "Io, named");
+        EXPECT_EQ(bytesOf(file), QByteArray("n\0w", 3));
+        EXPECT_EQ(scratch.names(), std::vector<std::string>{"QUELD.pgp"});
+    }
 
     ASSERT_TRUE(setMode(scratch.path(), 0555));
     EXPECT_EQ(asOrdinaryUser([&] { return told(writeFileSafely(file, "x")); }), "NotPermitted");
