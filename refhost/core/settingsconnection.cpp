@@ -120,6 +120,8 @@ SettingsTrouble troubleOf(int code, int systemError)
     default:
         break;
     }
+    if (systemError == ENOSPC || systemError == EDQUOT)
+        return {FaultKind::Io, qtTrId("settings-reason-full")};
     if (isRefusal(systemError))
         return {FaultKind::NotPermitted, qtTrId("settings-reason-refused")};
     const QString reason =

@@ -1,4 +1,5 @@
 // What is on disk when: acknowledged writes, failed writes, ends in the middle.
+#include "refhost/core/settingsconnection.h"
 #include "refhost/core/settingsdatabase.h"
 #include "refhost/core/settingsfiles.h"
 #include "refhost/core/settingsstore.h"
@@ -8,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
 #include <string>
 #include <vector>
@@ -176,6 +178,17 @@ TEST(SettingsDurability, AProcessEndedAfterAFailedWriteLeavesTheFormerValue)
     ASSERT_TRUE(store);
     EXPECT_EQ(valueIn(*store, L"K"), "string old");
     EXPECT_TRUE(store->notices().empty());
+}
+
+// The library tells it in one way when it writes, and in another when it opens.
+TEST(SettingsDurability, AFullDiskIsCalledThatHoweverItIsFound)
+{
+    const SettingsTrouble writing = troubleOf(SQLITE_FULL, 0);
+    for (const int error : {ENOSPC, EDQUOT}) {
+        const SettingsTrouble opening = troubleOf(SQLITE_CANTOPEN, error);
+        EXPECT_EQ(nameOf(opening.kind), "Io");
+        EXPECT_EQ(opening.reason, writing.reason);
+    }
 }
 
 // The disk is full when the program starts, and somebody makes room while it runs.
