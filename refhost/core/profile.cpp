@@ -229,9 +229,10 @@ Result<std::vector<QString>> ensureMainFile(const Profile& profile, SettingsStor
                                        profile.mainFile()));
     if (list || wereUsed(settings))
         sentences.push_back(listSentence(list, profile.mainFile()));
+    const bool writable = settings.writable();
     if (const Status stored = settings.write(whole); !stored) {
         settings.setForThisRun(whole);
-        if (profile.writable())
+        if (writable)
             sentences.push_back(stored.fault().sentence);
     }
     return sentences;

@@ -72,8 +72,9 @@ private:
 // names the main file in another way counts as the main file. Settings without any item are a first
 // start's, and there is nothing to tell about their list.
 //
-// What cannot be stored is put in force for this run, and told unless the profile cannot be
-// written, which its own notice says. The only fault is that the list cannot be read.
+// What cannot be stored is put in force for this run, and told unless the settings were opened as
+// ones that cannot be written, which a notice has said. The only fault is that the list cannot be
+// read.
 [[nodiscard]] Result<std::vector<QString>>
 ensureMainFile(const Profile& profile, SettingsStore& settings, const QByteArray& content);
 

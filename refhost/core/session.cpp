@@ -148,10 +148,14 @@ void Session::run()
         tell({closed.fault().text()});
 }
 
+// Two attempts that fail for one cause have one sentence.
 void Session::tell(const std::vector<QString>& notices)
 {
-    for (const QString& notice : notices)
-        m_output.writeRow(toWide(notice));
+    for (const QString& notice : notices) {
+        if (!m_told.contains(notice))
+            m_output.writeRow(toWide(notice));
+        m_told << notice;
+    }
 }
 
 } // namespace quelhost

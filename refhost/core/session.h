@@ -56,6 +56,7 @@ private:
 
     const Options m_options;
     Output& m_output;
+    QStringList m_told;
     std::unique_ptr<Profile> m_profile;
     std::unique_ptr<SettingsStore> m_settings;
     std::unique_ptr<LineSource> m_lines;
