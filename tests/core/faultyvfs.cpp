@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <new>
+#include <ostream>
 #include <string_view>
 
 #include <sqlite3.h>
@@ -130,8 +131,10 @@ int deviceCharacteristics(sqlite3_file* file)
 
 int mapShared(sqlite3_file* file, int page, int size, int extend, void volatile** memory)
 {
+    // That an index is read-only means to the library that it is mapped; one that cannot be made is
+    // told in another way.
     if (const int code = refusalOf(extend ? Needs::Room : Needs::Nothing); code != SQLITE_OK)
-        return code;
+        return code == SQLITE_READONLY ? SQLITE_READONLY_CANTINIT : code;
     return real(file)->pMethods->xShmMap(real(file), page, size, extend, memory);
 }
 
@@ -235,6 +238,23 @@ int FaultyVfs::unsyncedLogWrites() const
 int FaultyVfs::logSyncs() const
 {
     return state.logSyncs;
+}
+
+std::ostream& operator<<(std::ostream& out, const WriteFailure& failure)
+{
+    return out << failure.name;
+}
+
+const std::vector<WriteFailure>& writeFailures()
+{
+    static const std::vector<WriteFailure> all = {
+        {"full disk", SQLITE_FULL, FaultyVfs::Refusal::AllWritesFromNow},
+        {"full disk for one call", SQLITE_FULL, FaultyVfs::Refusal::OneCall},
+        {"failed write", SQLITE_IOERR_WRITE, FaultyVfs::Refusal::OneCall},
+        {"failed sync", SQLITE_IOERR_FSYNC, FaultyVfs::Refusal::OneCall},
+        {"disk gone read-only", SQLITE_READONLY, FaultyVfs::Refusal::AllWritesFromNow},
+    };
+    return all;
 }
 
 } // namespace quelhost::test

@@ -4,6 +4,9 @@
 // must be closed before it goes.
 #pragma once
 
+#include <iosfwd>
+#include <vector>
+
 namespace quelhost::test {
 
 class FaultyVfs
@@ -32,5 +35,15 @@ public:
     [[nodiscard]] int unsyncedLogWrites() const;
     [[nodiscard]] int logSyncs() const;
 };
+
+// The ways in which a write can fail: what `refuse` is given.
+struct WriteFailure
+{
+    const char* name;
+    int code;
+    FaultyVfs::Refusal refusal;
+};
+std::ostream& operator<<(std::ostream& out, const WriteFailure& failure);
+[[nodiscard]] const std::vector<WriteFailure>& writeFailures();
 
 } // namespace quelhost::test

@@ -57,25 +57,6 @@ std::string afterPowerLoss(const QString& folder)
     return runInChild(copyAndRead).output;
 }
 
-struct Failure
-{
-    const char* name;
-    int code;
-    FaultyVfs::Refusal refusal;
-};
-
-const std::vector<Failure>& failures()
-{
-    static const std::vector<Failure> all = {
-        {"full disk", SQLITE_FULL, FaultyVfs::Refusal::AllWritesFromNow},
-        {"full disk for one call", SQLITE_FULL, FaultyVfs::Refusal::OneCall},
-        {"failed write", SQLITE_IOERR_WRITE, FaultyVfs::Refusal::OneCall},
-        {"failed sync", SQLITE_IOERR_FSYNC, FaultyVfs::Refusal::OneCall},
-        {"disk gone read-only", SQLITE_READONLY, FaultyVfs::Refusal::AllWritesFromNow},
-    };
-    return all;
-}
-
 } // namespace
 
 TEST(SettingsDurability, AnAcknowledgedWriteIsSynchronised)
@@ -96,7 +77,7 @@ TEST(SettingsDurability, AnAcknowledgedWriteIsSynchronised)
 // Every single call of a write to the system is refused once, until a write gets by unrefused.
 TEST(SettingsDurability, WhereverAWriteFailsTheFormerValueStaysInForce)
 {
-    for (const Failure& failure : failures()) {
+    for (const WriteFailure& failure : writeFailures()) {
         SCOPED_TRACE(failure.name);
         int faults = 0;
         for (int call = 1;; ++call) {
