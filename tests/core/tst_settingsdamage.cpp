@@ -3,17 +3,15 @@
 #include "refhost/core/settingsfiles.h"
 #include "refhost/core/settingsstore.h"
 #include "tests/core/childprocess.h"
+#include "tests/core/damagedprofile.h"
 #include "tests/core/settingssupport.h"
 
 #include <QDir>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <functional>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -24,24 +22,11 @@ using namespace quelhost::test;
 
 namespace {
 
-bool fillProfile(const QString& folder)
-{
-    const auto store = openStore(folder);
-    bool stored = store != nullptr;
-    for (int number = 0; stored && number < 60; ++number) {
-        const std::wstring name = std::to_wstring(number);
-        const std::wstring text = L"/t/" + name + std::wstring(150, L'x') + L".cuix";
-        stored = static_cast<bool>(store->write(Item::string(4, L"Key" + name, text)));
-    }
-    return stored && static_cast<bool>(store->write(Item::string(4, L"K", L"good"))) &&
-           static_cast<bool>(store->close());
-}
-
 // A profile of many pages, cleanly ended, with a good copy of the same content.
 bool makeProfile(const QString& folder)
 {
     static const ScratchFolder model;
-    static const bool filled = fillProfile(model.path());
+    static const bool filled = fillProfile(model.path(), 60);
     return filled && copyFile(settingsFile(model.path()), settingsFile(folder)) &&
            copyFile(goodCopyFile(model.path()), goodCopyFile(folder));
 }
@@ -156,21 +141,6 @@ const std::vector<Damage>& damages()
          }},
     };
     return all;
-}
-
-QStringList keptAsideFiles(const QString& folder, const char* stem = "settings")
-{
-    const QRegularExpression pattern(
-        QStringLiteral("^%1\\.damaged-\\d{8}-\\d{6}(-\\d+)?\\.db$").arg(QString::fromLatin1(stem)));
-    return QDir(folder)
-        .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
-        .filter(pattern);
-}
-
-int rounds()
-{
-    const char* wanted = std::getenv("QUELHOST_TEST_ROUNDS");
-    return wanted ? std::atoi(wanted) : 500;
 }
 
 } // namespace
@@ -442,38 +412,4 @@ TEST(SettingsDamage, AfterDamageWasFoundNothingIsWritten)
         EXPECT_EQ(told(store->close()), "Damaged");
         EXPECT_EQ(bytesOf(goodCopyFile(profile.path())), good);
     }
-}
-
-// Whatever bits change, the values are the stored ones: read from a file that bore it, or restored.
-TEST(SettingsDamage, NoChangedBitsEverMakeAnotherValue)
-{
-    const char* wanted = std::getenv("QUELHOST_TEST_SEED");
-    const auto seed =
-        wanted ? static_cast<unsigned int>(std::stoul(wanted)) : std::random_device()();
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
-    const std::vector<std::string> expected = itemsOfProfile();
-    const ScratchFolder original;
-    ASSERT_TRUE(makeProfile(original.path()));
-    const QByteArray sound = bytesOf(settingsFile(original.path()));
-    int restored = 0;
-    for (int round = 0; round < rounds(); ++round) {
-        SCOPED_TRACE("round " + std::to_string(round));
-        QByteArray damaged = sound;
-        const int changes = 1 + static_cast<int>(random() % 3);
-        for (int change = 0; change < changes; ++change) {
-            const int place = static_cast<int>(random() % static_cast<unsigned int>(sound.size()));
-            damaged[place] = static_cast<char>(damaged[place] ^ (1 << (random() % 8)));
-        }
-        const ScratchFolder profile;
-        ASSERT_TRUE(setBytes(settingsFile(profile.path()), damaged));
-        ASSERT_TRUE(copyFile(goodCopyFile(original.path()), goodCopyFile(profile.path())));
-        const auto store = openStore(profile.path());
-        ASSERT_TRUE(store);
-        EXPECT_EQ(itemsIn(*store), expected);
-        const int kept = keptAsideFiles(profile.path()).size();
-        EXPECT_EQ(kept, store->notices().empty() ? 0 : 1);
-        restored += kept;
-    }
-    EXPECT_GT(restored, 0);
 }

@@ -4,13 +4,10 @@
 
 #include "tests/support/packagebuilder.h"
 #include "tests/support/programfolders.h"
+#include "tests/support/testrounds.h"
 
 #include <QMap>
 #include <QRegularExpression>
-
-#include <cstdlib>
-#include <random>
-#include <string>
 
 class StoredProfile : public ProgramFolders
 {
@@ -93,17 +90,3 @@ public:
         return QStringLiteral("CUIX/LoadedCuix\tstring\t%1\n").arg(all.join(QLatin1Char(';')));
     }
 };
-
-// How often a random or thinned-out test does what it does: short, unless more is wanted.
-inline int wantedRounds(int usual)
-{
-    const char* wanted = std::getenv("QUELHOST_TEST_ROUNDS");
-    return wanted ? std::atoi(wanted) : usual;
-}
-
-// What random tests begin with; they print it.
-inline unsigned int wantedSeed()
-{
-    const char* wanted = std::getenv("QUELHOST_TEST_SEED");
-    return wanted ? static_cast<unsigned int>(std::stoul(wanted)) : std::random_device()();
-}

@@ -1,0 +1,21 @@
+// How long random and thinned-out tests run, and what they begin with.
+#pragma once
+
+#include <cstdlib>
+#include <random>
+#include <string>
+
+// The number of rounds, or of cases that are picked from many: `usual`, unless QUELHOST_TEST_ROUNDS
+// asks for another one.
+inline int wantedRounds(int usual)
+{
+    const char* wanted = std::getenv("QUELHOST_TEST_ROUNDS");
+    return wanted ? std::atoi(wanted) : usual;
+}
+
+// From QUELHOST_TEST_SEED, or a new one each time; a test says which it was.
+inline unsigned int wantedSeed()
+{
+    const char* wanted = std::getenv("QUELHOST_TEST_SEED");
+    return wanted ? static_cast<unsigned int>(std::stoul(wanted)) : std::random_device()();
+}
