@@ -113,7 +113,7 @@ TEST_P(KilledAtCalls, LeavesTheListAsItWasAcknowledgedOrTheNextOne)
     RecordProperty("moments", whole.moments);
     const unsigned int seed = wantedSeed();
     SCOPED_TRACE("seed " + std::to_string(seed));
-    for (const int moment : chosen(whole.moments, wantedRounds(5), seed)) {
+    for (const int moment : chosen(whole.moments, wantedRounds(3), seed)) {
         ASSERT_TRUE(profile.putBack(m_model));
         const TracedEnd end = traced(row.part, line(), moment).run();
         SCOPED_TRACE("moment " + std::to_string(moment) + ", " + end.call);
@@ -135,5 +135,40 @@ TEST_P(KilledAtCalls, LeavesTheListAsItWasAcknowledgedOrTheNextOne)
         EXPECT_TRUE(left == list || row.before == Before::FirstStart) << left.toStdString();
         EXPECT_TRUE(told.isEmpty()) << told.join(text("\n")).toStdString();
         EXPECT_EQ(profile.files().keys(), names);
+    }
+}
+
+// What only a loss of power would show.
+TEST(SynchronisedSettings, ACommandIsReportedAfterItsWriteIsOnDisk)
+{
+    const StoredProfile profile;
+    ASSERT_TRUE(profile.script(QString()).run().ended);
+    const ProgramRun run = profile.script(text("MENULOAD %1\n").arg(profile.package(1)));
+    const QStringList calls =
+        TracedRun{run.arguments, run.input, profile.profile(), RunPart::Command, 0}.run().calls;
+    const int written = calls.lastIndexOf(text("pwrite64 settings.db-wal"));
+    const int synchronised = calls.lastIndexOf(text("fdatasync settings.db-wal"));
+    const int reported = calls.indexOf(text("write stderr"));
+    EXPECT_GT(written, 0);
+    EXPECT_GT(synchronised, written) << calls.join(text("\n")).toStdString();
+    EXPECT_GT(reported, synchronised) << calls.join(text("\n")).toStdString();
+}
+
+TEST(SynchronisedSettings, ACopyIsOnDiskBeforeItTakesAnotherFilesPlace)
+{
+    for (const RunPart part : {RunPart::Start, RunPart::End}) {
+        const StoredProfile profile;
+        ASSERT_TRUE(profile.script(QString()).run().ended);
+        const ProgramRun run = profile.script(text("MENULOAD %1\n").arg(profile.package(1)));
+        const QStringList calls =
+            TracedRun{run.arguments, run.input, profile.profile(), part, 0}.run().calls;
+        const int renamed = calls.indexOf(text("rename settings.new.db"));
+        const int written = calls.lastIndexOf(text("pwrite64 settings.new.db"), renamed);
+        ASSERT_GT(written, 0);
+        EXPECT_GT(calls.lastIndexOf(text("fsync settings.new.db"), renamed), written)
+            << calls.join(text("\n")).toStdString();
+        ASSERT_GT(calls.size(), renamed + 2);
+        EXPECT_TRUE(calls.mid(renamed, 3).contains(text("fsync .")))
+            << calls.join(text("\n")).toStdString();
     }
 }

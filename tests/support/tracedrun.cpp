@@ -143,6 +143,12 @@ std::string nameOf(std::uint64_t number)
         return "ftruncate";
     case SYS_openat:
         return "openat";
+#ifdef SYS_rename
+    case SYS_rename:
+        return "rename";
+    case SYS_unlink:
+        return "unlink";
+#endif
     case SYS_fcntl:
         return "fcntl";
     case SYS_close:
@@ -170,7 +176,9 @@ private:
     bool enters(const SystemCall& call);
     bool leaves(const SystemCall& call);
     bool isMoment(const char* side);
-    bool isOfProfile(const SystemCall& call) const;
+    // The file of the profile, "." for its folder, or the stream that the call is about; else null.
+    QString subjectOf(const SystemCall& call) const;
+    QString inProfile(const std::string& path) const;
 
     const TracedRun& m_run;
     const std::string m_profile;
@@ -180,6 +188,7 @@ private:
     bool m_inPart = false;
     bool m_counted = false; // the call that the process is in
     SystemCall m_entered = {};
+    std::string m_call;
 };
 
 TracedEnd Tracer::follow()
@@ -214,10 +223,14 @@ bool Tracer::enters(const SystemCall& call)
     m_entered = call;
     const bool readsInput = call.entry.nr == SYS_read && call.entry.args[0] == 0;
     m_inPart = m_inPart && !(readsInput && m_run.part != RunPart::End);
-    if (m_run.part == RunPart::Start && !m_begun && isOfProfile(call))
+    const QString subject = subjectOf(call);
+    if (m_run.part == RunPart::Start && !m_begun && !subject.isNull())
         m_begun = m_inPart = true;
     m_counted = m_inPart && (m_run.part == RunPart::Command ||
-                             (isOfProfile(call) && !onlyLooks(call.entry.nr)));
+                             (!subject.isNull() && !onlyLooks(call.entry.nr)));
+    m_call = nameOf(call.entry.nr) + ' ' + subject.toStdString();
+    if (m_counted)
+        m_end.calls << QString::fromStdString(m_call);
     return m_counted && isMoment(" before");
 }
 
@@ -238,26 +251,35 @@ bool Tracer::isMoment(const char* side)
     ++m_end.moments;
     if (m_end.moments != m_run.killAt)
         return false;
-    m_end.call = nameOf(m_entered.entry.nr) + side;
+    m_end.call = m_call + side;
     return true;
 }
 
-bool Tracer::isOfProfile(const SystemCall& call) const
+QString Tracer::inProfile(const std::string& path) const
 {
-    const auto isInside = [this](const std::string& path) {
-        return path.compare(0, m_profile.size(), m_profile) == 0;
-    };
+    if (path == m_profile)
+        return QStringLiteral(".");
+    const std::string folder = m_profile + '/';
+    return path.compare(0, folder.size(), folder) == 0
+               ? QFile::decodeName(path.substr(folder.size()).c_str())
+               : QString();
+}
+
+QString Tracer::subjectOf(const SystemCall& call) const
+{
     for (const std::uint64_t argument : {call.entry.args[0], call.entry.args[1]}) {
-        if (argument > 4096 && isInside(textAt(m_process, argument)))
-            return true;
+        if (argument <= 4096)
+            continue;
+        if (const QString file = inProfile(textAt(m_process, argument)); !file.isNull())
+            return file;
     }
     const auto descriptor = call.entry.args[0];
     if (call.entry.nr == SYS_write && (descriptor == 1 || descriptor == 2))
-        return true;
-    if (descriptor > 4096)
-        return false;
+        return descriptor == 1 ? QStringLiteral("stdout") : QStringLiteral("stderr");
     const QString link = QStringLiteral("/proc/%1/fd/%2").arg(m_process).arg(descriptor);
-    return isInside(QFile::encodeName(QFile::symLinkTarget(link)).toStdString());
+    return descriptor > 4096
+               ? QString()
+               : inProfile(QFile::encodeName(QFile::symLinkTarget(link)).toStdString());
 }
 
 } // namespace

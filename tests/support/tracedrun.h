@@ -37,7 +37,8 @@ struct TracedEnd
     bool killed = false; // at the moment that was asked for
     int exitStatus = -1; // -1: it did not exit by itself
     int moments = 0;     // that came to pass in the part
-    std::string call;    // the call it was killed at, for messages: "pwrite64 after"
+    std::string call;    // what it was killed at, for messages: "pwrite64 settings.db-wal after"
+    QStringList calls;   // that counted, with the profile's file or the stream: "write stderr"
     QString output;
     QString diagnostics;
 };
