@@ -2,6 +2,7 @@
 
 #include "refhost/core/packagefaults.h"
 #include "refhost/core/utf8cursor.h"
+#include "refhost/core/widetext.h"
 
 #include <QStringList>
 
@@ -65,7 +66,8 @@ namespace {
 EntryName readEntryName(std::string_view stored)
 {
     EntryName name;
-    name.text = QString::fromUtf8(stored.data(), static_cast<int>(stored.size()));
+    // With a byte order mark in front, if there is one: it makes another name.
+    name.text = toQString(fromUtf8(stored));
     name.sentence = isUtf8(stored) ? nameSentence(name.text)
                                    : qtTrId("package-name-utf8").arg(shownText(name.text));
     name.isFolder = name.text.endsWith(QLatin1Char('/'));

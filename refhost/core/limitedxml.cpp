@@ -1,5 +1,6 @@
 #include "refhost/core/limitedxml.h"
 
+#include "refhost/core/byterun.h"
 #include "refhost/core/widetext.h"
 
 #include <QRegularExpression>
@@ -11,24 +12,33 @@ namespace quelhost {
 namespace {
 
 constexpr qint64 kPieceBytes = 4096;
-constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+[[nodiscard]] bool isBlankByte(char byte)
+{
+    return byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n';
+}
+
+// A character of one byte that XML allows.
+[[nodiscard]] bool isPlainByte(char byte)
+{
+    return static_cast<signed char>(byte) >= ' ' || byte == '\t' || byte == '\r' || byte == '\n';
+}
 
 [[nodiscard]] std::string_view trimmedView(const QByteArray& bytes)
 {
     std::string_view view(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     if (view.substr(0, kByteOrderMark.size()) == kByteOrderMark)
         view.remove_prefix(kByteOrderMark.size());
-    const std::size_t last = view.find_last_not_of(kBlanks);
-    return view.substr(0, last == std::string_view::npos ? 0 : last + 1);
+    return view.substr(0, view.size() - trailingRun(view, isBlankByte));
 }
 
 // XML allows no control characters but tab and line ends, and neither U+FFFE nor U+FFFF.
 [[nodiscard]] bool isForbidden(std::string_view sequence)
 {
     const bool control = static_cast<unsigned char>(sequence[0]) < 0x20;
-    return (control && kBlanks.find(sequence[0]) == std::string_view::npos) ||
-           sequence == "\xEF\xBF\xBE" || sequence == "\xEF\xBF\xBF";
+    return (control && !isBlankByte(sequence[0])) || sequence == "\xEF\xBF\xBE" ||
+           sequence == "\xEF\xBF\xBF";
 }
 
 [[nodiscard]] QString hex(uint value, int digits)
@@ -96,25 +106,31 @@ void LimitedXml::checkBytes()
 
 void LimitedXml::checkCharacters()
 {
-    constexpr std::string_view kDocumentType = "<!DOCTYPE";
-    const std::size_t documentType = m_view.find(kDocumentType);
-    Utf8Cursor cursor(m_view);
-    while (!cursor.atEnd()) {
-        const auto offset = static_cast<std::size_t>(cursor.offset());
-        const std::string_view rest = m_view.substr(offset);
-        const qint64 length = utf8Length(rest);
-        if (length == 0)
-            return fail(cursor.place(), badByteSentence(rest));
+    // Looked for before parsing, and so in comments too: the parser would expand a document type's
+    // own references before it reports one, and takes one even behind the root.
+    const std::size_t documentType = m_view.find("<!DOCTYPE");
+    std::size_t at = 0;
+    while (at < std::min(m_view.size(), documentType)) {
+        const std::string_view rest = m_view.substr(at);
+        const std::size_t run = leadingRun(rest, isPlainByte);
+        const qint64 length = run > 0 ? static_cast<qint64>(run) : utf8Length(rest);
         const std::string_view sequence = rest.substr(0, static_cast<std::size_t>(length));
         // The parser would pass over a second one in silence, and its places would be wrong.
-        if (isForbidden(sequence) || (offset == 0 && sequence == kByteOrderMark))
-            return fail(cursor.place(), forbiddenSentence(sequence));
-        // Looked for before parsing, and so in comments too: the parser would expand a document
-        // type's own references before it reports one, and takes one even behind the root.
-        if (offset == documentType)
-            return fail(cursor.place(), qtTrId("package-xml-dtd"));
-        cursor.advanceToOffset(cursor.offset() + length);
+        const bool isMark = at == 0 && sequence == kByteOrderMark;
+        if (length == 0 || (run == 0 && (isForbidden(sequence) || isMark)))
+            return fail(placeOf(at),
+                        length == 0 ? badByteSentence(rest) : forbiddenSentence(sequence));
+        at += sequence.size();
     }
+    if (documentType != std::string_view::npos)
+        fail(placeOf(documentType), qtTrId("package-xml-dtd"));
+}
+
+TextPlace LimitedXml::placeOf(std::size_t offset) const
+{
+    Utf8Cursor cursor(m_view);
+    cursor.advanceToOffset(static_cast<qint64>(offset));
+    return cursor.place();
 }
 
 void LimitedXml::checkDeclaration()
@@ -130,9 +146,8 @@ void LimitedXml::checkDeclaration()
     const QString encoding = match.captured(1);
     if (!match.hasMatch() || encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0)
         return;
-    Utf8Cursor cursor(m_view);
-    cursor.advanceToOffset(match.capturedStart(0));
-    fail(cursor.place(), qtTrId("package-xml-encoding").arg(shownText(encoding)));
+    fail(placeOf(static_cast<std::size_t>(match.capturedStart(0))),
+         qtTrId("package-xml-encoding").arg(shownText(encoding)));
 }
 
 void LimitedXml::feed()
@@ -149,7 +164,7 @@ qint64 LimitedXml::pendingAttributes() const
 {
     std::string_view pending = m_view.substr(0, static_cast<std::size_t>(m_fed));
     pending.remove_prefix(static_cast<std::size_t>(m_tokenEnd.offset()));
-    pending.remove_prefix(std::min(pending.find_first_not_of(kBlanks), pending.size()));
+    pending.remove_prefix(leadingRun(pending, isBlankByte));
     const std::string_view begin = pending.substr(0, 2);
     if (begin.substr(0, 1) != "<" || begin == "<!" || begin == "<?")
         return 0;

@@ -87,6 +87,7 @@ private:
     [[nodiscard]] std::optional<Token> takeText();
     [[nodiscard]] std::optional<Token> takeEnd();
     [[nodiscard]] std::vector<TextPlace> attributePlaces() const;
+    [[nodiscard]] TextPlace placeOf(std::size_t offset) const;
     void fail(TextPlace place, const QString& sentence);
 
     QByteArray m_bytes;

@@ -170,7 +170,8 @@ void ArchiveReader::unpackAll(const ZipDirectory& directory)
 bool ArchiveReader::unpack(zip_uint64_t index, const ZipEntry& entry, ArchiveEntry& into)
 {
     const ZipFile file(zip_fopen_index(m_zip.get(), index, 0), zip_fclose);
-    QByteArray bytes(static_cast<int>(entry.size) + 1, '\0');
+    // What is stated may be far from what there is: memory that is not written to costs nothing.
+    QByteArray bytes(static_cast<int>(entry.size) + 1, Qt::Uninitialized);
     zip_int64_t filled = 0;
     zip_int64_t got = file == nullptr ? -1 : 1;
     // The checksum is tested when the end is met, so one reads until nothing comes any more; the

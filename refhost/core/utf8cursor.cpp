@@ -1,12 +1,23 @@
 #include "refhost/core/utf8cursor.h"
 
+#include "refhost/core/byterun.h"
+
 #include <algorithm>
 
 namespace quelhost {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
+[[nodiscard]] bool isBlank(char byte)
+{
+    return byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n';
+}
+
+// Whether it is a character, a unit and a column by itself.
+[[nodiscard]] bool isSimple(char byte)
+{
+    return static_cast<signed char>(byte) >= 0 && byte != '\n' && byte != '\r';
+}
 
 [[nodiscard]] unsigned byteAt(std::string_view text, std::size_t index)
 {
@@ -70,26 +81,49 @@ char Utf8Cursor::peek() const
 
 void Utf8Cursor::advanceToOffset(qint64 offset)
 {
-    while (!atEnd() && m_offset < offset)
-        step();
+    while (!atEnd() && m_offset < offset) {
+        if (!skipRun(offset - m_offset))
+            step();
+    }
 }
 
 void Utf8Cursor::advanceToUnits(qint64 units)
 {
-    while (!atEnd() && m_units < units)
-        step();
+    while (!atEnd() && m_units < units) {
+        if (!skipRun(units - m_units))
+            step();
+    }
 }
 
 void Utf8Cursor::skipBlanks()
 {
-    while (!atEnd() && kBlanks.find(peek()) != std::string_view::npos)
-        step();
+    advanceToOffset(m_offset + static_cast<qint64>(leadingRun(rest(), isBlank)));
 }
 
 void Utf8Cursor::skipUntil(std::string_view anyOf)
 {
     while (!atEnd() && anyOf.find(peek()) == std::string_view::npos)
         step();
+}
+
+std::string_view Utf8Cursor::rest() const
+{
+    return m_text.substr(static_cast<std::size_t>(m_offset));
+}
+
+// Passes over at most `most` bytes that are alike in what they do to the place; whether there was
+// any.
+bool Utf8Cursor::skipRun(qint64 most)
+{
+    const std::string_view text = rest().substr(0, static_cast<std::size_t>(most));
+    const auto simple = static_cast<qint64>(leadingRun(text, isSimple));
+    const auto lines = static_cast<qint64>(
+        simple > 0 ? 0 : leadingRun(text, [](char byte) { return byte == '\n'; }));
+    m_offset += simple + lines;
+    m_units += simple + lines;
+    m_place.line += lines;
+    m_place.column = lines > 0 ? 1 : m_place.column + simple;
+    return simple + lines > 0;
 }
 
 void Utf8Cursor::step()

@@ -37,6 +37,8 @@ public:
     void skipUntil(std::string_view anyOf); // to the next byte that is one of these
 
 private:
+    [[nodiscard]] std::string_view rest() const;
+    [[nodiscard]] bool skipRun(qint64 most);
     void step();
 
     std::string_view m_text;

@@ -114,8 +114,8 @@ std::optional<ZipEntry> DirectoryReader::readEntry(qint64 at, qint64 directory) 
 
 Status DirectoryReader::checkOverlap(std::vector<ZipEntry> entries) const
 {
-    std::sort(entries.begin(), entries.end(),
-              [](const ZipEntry& a, const ZipEntry& b) { return a.begin < b.begin; });
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const ZipEntry& a, const ZipEntry& b) { return a.begin < b.begin; });
     const auto overlap =
         std::adjacent_find(entries.begin(), entries.end(),
                            [](const ZipEntry& a, const ZipEntry& b) { return b.begin < a.end; });

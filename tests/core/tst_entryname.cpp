@@ -54,6 +54,16 @@ TEST(EntryName, refusesAllElse)
         {"the text in a folder", "a/customization.xml",
          "\"a/customization.xml\" does not belong in a package: only customization.xml and files "
          "below images/ do."},
+        {"a mark before the text's name",
+         "\xEF\xBB\xBF"
+         "customization.xml",
+         "\"\xEF\xBF\xBD"
+         "customization.xml\" does not belong in a package: only customization.xml and files "
+         "below images/ do."},
+        {"a mark before the folder", "\xEF\xBB\xBFimages/a.png",
+         "\"\xEF\xBF\xBDimages/a.png\" does not belong in a package: only customization.xml and "
+         "files "
+         "below images/ do."},
         {"images as a file", "images",
          "\"images\" does not belong in a package: only customization.xml and files below images/ "
          "do."},

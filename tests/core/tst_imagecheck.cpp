@@ -1,5 +1,6 @@
 #include "refhost/core/imagecheck.h"
 
+#include "tests/support/imagebuilder.h"
 #include "tests/support/packagebuilder.h"
 
 #include <QImage>
@@ -12,8 +13,6 @@ using namespace quelhost;
 using namespace packages;
 
 namespace {
-
-const QByteArray kEnd = pngChunk("IEND", {});
 
 std::string linesOf(const std::vector<Fault>& faults)
 {
@@ -31,32 +30,6 @@ std::string pngFaults(const QByteArray& bytes)
 std::string svgFaults(const QByteArray& bytes)
 {
     return linesOf(checkSvg(bytes, QStringLiteral("p")).faults);
-}
-
-// Elements within a good svg, in line 2.
-QByteArray svg(const QByteArray& inside)
-{
-    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"24\" height=\"24\">\n" + inside +
-           "</svg>";
-}
-
-// The header chunk of another size, with a good checksum.
-QByteArray withSize(const QByteArray& image, const QByteArray& widthAndHeight)
-{
-    const QByteArray rest = image.mid(24, 5); // depth, colours, methods
-    return image.left(8) + pngChunk("IHDR", widthAndHeight + rest) + image.mid(33);
-}
-
-// A chunk directly behind the header.
-QByteArray withChunk(const QByteArray& image, const QByteArray& name, const QByteArray& content)
-{
-    return image.left(33) + pngChunk(name, content) + image.mid(33);
-}
-
-// Text that unpacks to `megabytes` MiB.
-QByteArray packedText(int megabytes)
-{
-    return QByteArray("Comment\0\0", 9) + qCompress(QByteArray(megabytes << 20, 'x'), 9).mid(4);
 }
 
 } // namespace
@@ -164,11 +137,11 @@ TEST(ImageCheck, refusesPngsOfBadSizeOrContent)
          "p: The image is 4294967295 x 4294967295 pixels; at most 256 x 256 are allowed.\n"},
         {"no width", withSize(image, QByteArray("\0\0\0\0\0\0\0\x10", 8)), kBroken},
         {"the header alone", image.left(33), kBroken},
-        {"no pixels", image.left(33) + kEnd, kBroken},
+        {"no pixels", image.left(33) + pngEnd(), kBroken},
         {"no end", image.left(image.size() - 12), kBroken},
         {"the last byte is missing", image.left(image.size() - 1), kBroken},
-        {"pixels that do not unpack", image.left(33) + pngChunk("IDAT", QByteArray(40, 'x')) + kEnd,
-         kBroken},
+        {"pixels that do not unpack",
+         image.left(33) + pngChunk("IDAT", QByteArray(40, 'x')) + pngEnd(), kBroken},
         {"too few pixels", withSize(image, QByteArray("\0\0\0\x11\0\0\0\x11", 8)), kBroken},
         {"a wrong checksum of the header",
          [&image] {
@@ -178,7 +151,7 @@ TEST(ImageCheck, refusesPngsOfBadSizeOrContent)
          }(),
          kBroken},
         {"a chunk longer than the file",
-         image.left(33) + QByteArray("\xFF\xFF\xFF\xFFIDAT", 8) + kEnd, kBroken},
+         image.left(33) + QByteArray("\xFF\xFF\xFF\xFFIDAT", 8) + pngEnd(), kBroken},
         {"a second header of another size",
          image.left(33) + withSize(image, "\x7F\xFF\xFF\xFF\x7F\xFF\xFF\xFF").mid(8), kBroken},
     };

@@ -1,6 +1,6 @@
 #include "refhost/core/packagearchive.h"
 
-#include "tests/support/packagebuilder.h"
+#include "tests/support/damagedarchives.h"
 
 #include <QDir>
 #include <QFile>
@@ -15,8 +15,6 @@ using namespace quelhost;
 using namespace packages;
 
 namespace {
-
-constexpr int kMiB = 1024 * 1024;
 
 const char* const kDamaged = "p.cuix: The ZIP archive is damaged: its table of contents is missing "
                              "or contradicts the rest.\n";
@@ -53,16 +51,6 @@ QByteArray plain()
         .build();
 }
 
-QByteArray renamed(const QByteArray& name)
-{
-    QByteArray archive = PackageBuilder()
-                             .add("customization.xml", "text")
-                             .add(std::string(static_cast<std::size_t>(name.size()), 'n'), "image")
-                             .build();
-    rename(archive, 1, name);
-    return archive;
-}
-
 QByteArray withMode(quint32 mode)
 {
     return PackageBuilder()
@@ -70,98 +58,6 @@ QByteArray withMode(quint32 mode)
         .add("images/a.png", "image")
         .unixMode(mode)
         .build();
-}
-
-// Sets a 16-bit field of the image in its own header and in the table of contents.
-QByteArray withField16(int local, int central, quint32 value)
-{
-    QByteArray archive = plain();
-    set16(archive, localHeader(archive, 1) + local, value);
-    set16(archive, centralRecord(archive, 1) + central, value);
-    return archive;
-}
-
-QByteArray withField32(int local, int central, quint32 value)
-{
-    QByteArray archive = plain();
-    set32(archive, localHeader(archive, 1) + local, value);
-    set32(archive, centralRecord(archive, 1) + central, value);
-    return archive;
-}
-
-QByteArray withEnd16(int offset, quint32 value)
-{
-    QByteArray archive = plain();
-    set16(archive, endRecord(archive) + offset, value);
-    return archive;
-}
-
-QByteArray withEnd32(int offset, quint32 value)
-{
-    QByteArray archive = plain();
-    set32(archive, endRecord(archive) + offset, value);
-    return archive;
-}
-
-QByteArray withComment(const QByteArray& comment)
-{
-    return withEnd16(20, static_cast<quint32>(comment.size())) + comment;
-}
-
-// The second entry, complete with its header, lies within the bytes of the first: each is good for
-// itself, and its header says what the table of contents says.
-QByteArray overlapping()
-{
-    const QByteArray inner = PackageBuilder().add("images/b.png", "inner", Packing::Store).build();
-    const int innerEnd = centralRecord(inner, 0);
-    QByteArray archive = PackageBuilder()
-                             .add("images/a.png", inner.left(innerEnd), Packing::Store)
-                             .add("images/b.png", "inner", Packing::Store)
-                             .build();
-    set32(archive, centralRecord(archive, 1) + 42, 30 + 12);
-    return archive;
-}
-
-QByteArray manyEntries(int count)
-{
-    PackageBuilder builder;
-    builder.add("customization.xml", "text");
-    for (int i = 1; i < count; ++i)
-        builder.add("images/" + std::to_string(i) + ".png", "x", Packing::Store);
-    return builder.build();
-}
-
-QByteArray entryOfSize(int size)
-{
-    return PackageBuilder()
-        .add("customization.xml", "text")
-        .add("images/a.png", QByteArray(size, 'x'))
-        .build();
-}
-
-// 3 images of 16 MiB and others that bring the total to `total`.
-QByteArray totalOfSize(int total)
-{
-    const QByteArray large(16 * kMiB, 'x');
-    return PackageBuilder()
-        .add("images/a.png", large)
-        .add("images/b.png", large)
-        .add("images/c.png", large)
-        .add("images/d.png", large.left(8 * kMiB))
-        .add("images/e.png", QByteArray(total - 56 * kMiB, 'x'))
-        .build();
-}
-
-// 1,999 names of 131 bytes, and one that brings the total to `total`.
-QByteArray namesOfSize(int total)
-{
-    PackageBuilder builder;
-    for (int i = 0; i < 1999; ++i) {
-        const std::string number = std::to_string(10000 + i);
-        builder.add("images/" + number + std::string(131 - 12, 'n'), "", Packing::Store);
-    }
-    const auto last = static_cast<std::size_t>(total - 1999 * 131);
-    return builder.add("images/" + std::string(last - 7, 'm'), "", Packing::Store).build();
 }
 
 } // namespace
@@ -201,8 +97,8 @@ TEST(PackageArchive, acceptsWhatHonestPackersWrite)
     };
     const Row rows[] = {
         {"as it is", plain()},
-        {"a comment", withComment("made by hand")},
-        {"a comment as long as can be", withComment(QByteArray(65535, 'c'))},
+        {"a comment", withComment(plain(), "made by hand")},
+        {"a comment as long as can be", withComment(plain(), QByteArray(65535, 'c'))},
         {"no mode", withMode(0)},
         {"a plain file's mode", withMode(0100644)},
         {"permissions without a kind", withMode(0644)},
@@ -292,7 +188,7 @@ TEST(PackageArchive, refusesNamesThatDoNotBelongThere)
          "p.cuix: The entry name \"images/\xEF\xBF\xBD.png\" is not UTF-8.\n"},
     };
     for (const Row& row : rows) {
-        const ArchiveReading reading = read(renamed(row.entryName));
+        const ArchiveReading reading = read(withEntryNamed(row.entryName));
         EXPECT_EQ(faultsOf(reading), row.fault) << row.name;
         ASSERT_FALSE(reading.entries.empty()) << row.name;
         EXPECT_TRUE(reading.entries.front().isGood) << row.name;
@@ -313,8 +209,8 @@ TEST(PackageArchive, refusesEntriesThatItCannotTrust)
         "p.cuix: \"images/a.png\" is a link or a device, not a plain file.\n";
     const char* const kEncrypted =
         "p.cuix: \"images/a.png\" is encrypted; a package must not be.\n";
-    const char* const kMethod = "p.cuix: \"images/a.png\" is compressed in a way that is not "
-                                "supported; only stored and deflated entries are.\n";
+    const char* const kOtherMethod = "p.cuix: \"images/a.png\" is compressed in a way that is not "
+                                     "supported; only stored and deflated entries are.\n";
     const Row rows[] = {
         {"a link", withMode(0120777), kSpecial},
         {"a character device", withMode(0020644), kSpecial},
@@ -327,22 +223,22 @@ TEST(PackageArchive, refusesEntriesThatItCannotTrust)
              .encrypt()
              .build(),
          kEncrypted},
-        {"said to be encrypted", withField16(6, 8, 0x0001), kEncrypted},
-        {"said to be strongly encrypted", withField16(6, 8, 0x0040), kEncrypted},
-        {"said to have its header encrypted", withField16(6, 8, 0x2000), kEncrypted},
+        {"said to be encrypted", withField16(plain(), 1, kFlags, 0x0001), kEncrypted},
+        {"said to be strongly encrypted", withField16(plain(), 1, kFlags, 0x0040), kEncrypted},
+        {"said to have its header encrypted", withField16(plain(), 1, kFlags, 0x2000), kEncrypted},
         {"compressed another way",
          PackageBuilder()
              .add("customization.xml", "text")
              .add("images/a.png", QByteArray(5000, 'x'), Packing::Bzip2)
              .build(),
-         kMethod},
-        {"compressed in an unknown way", withField16(8, 10, 77), kMethod},
-        {"a wrong checksum", withField32(14, 16, 0x12345678), kWrong},
-        {"more bytes than stated", withField32(22, 24, 119), kWrong},
-        {"far more bytes than stated", withField32(22, 24, 1), kWrong},
-        {"bytes where none are stated", withField32(22, 24, 0), kWrong},
-        {"fewer bytes than stated", withField32(22, 24, 121), kWrong},
-        {"far fewer bytes than stated", withField32(22, 24, 16 * kMiB), kWrong},
+         kOtherMethod},
+        {"compressed in an unknown way", withField16(plain(), 1, kMethod, 77), kOtherMethod},
+        {"a wrong checksum", withField32(plain(), 1, kChecksum, 0x12345678), kWrong},
+        {"more bytes than stated", withField32(plain(), 1, kSize, 119), kWrong},
+        {"far more bytes than stated", withField32(plain(), 1, kSize, 1), kWrong},
+        {"bytes where none are stated", withField32(plain(), 1, kSize, 0), kWrong},
+        {"fewer bytes than stated", withField32(plain(), 1, kSize, 121), kWrong},
+        {"far fewer bytes than stated", withField32(plain(), 1, kSize, 16 * kMiB), kWrong},
         {"a folder with content",
          PackageBuilder().add("customization.xml", "text").add("images/b/", "x").build(),
          "p.cuix: The folder \"images/b/\" has content of its own.\n"},
@@ -377,34 +273,20 @@ TEST(PackageArchive, refusesArchivesThatItCannotTrust)
         {"bytes behind the end", good + "x", kDamaged},
         {"bytes before the beginning", "#!/bin/sh\n" + good, kDamaged},
         {"an end record within the comment",
-         withComment("x" + QByteArray("PK\5\6", 4) + QByteArray(18, '\0')), kDamaged},
-        {"the second part of several", withEnd16(8, 1), kDamaged},
-        {"fewer entries than there are", withEnd16(10, 1), kDamaged},
+         withComment(plain(), "x" + QByteArray("PK\5\6", 4) + QByteArray(18, '\0')), kDamaged},
+        {"the second part of several", withEnd16(plain(), kEndPartEntries, 1), kDamaged},
+        {"fewer entries than there are", withEnd16(plain(), kEndEntries, 1), kDamaged},
         {"more entries than there are",
-         [] {
-             QByteArray archive = withEnd16(10, 3);
-             set16(archive, endRecord(archive) + 8, 3);
-             return archive;
-         }(),
+         withEnd16(withEnd16(plain(), kEndEntries, 3), kEndPartEntries, 3), kDamaged},
+        {"a table of contents elsewhere", withEnd32(plain(), kEndDirectory, 0), kDamaged},
+        {"a table of contents beyond the end", withEnd32(plain(), kEndDirectory, 0xFFFFFFF0),
          kDamaged},
-        {"a table of contents elsewhere", withEnd32(16, 0), kDamaged},
-        {"a table of contents beyond the end", withEnd32(16, 0xFFFFFFF0), kDamaged},
-        {"a table of contents of another size", withEnd32(12, 46), kDamaged},
-        {"an entry beyond the end",
-         [] {
-             QByteArray archive = plain();
-             set32(archive, centralRecord(archive, 1) + 42, 0xFFFFFFFF);
-             return archive;
-         }(),
+        {"a table of contents of another size", withEnd32(plain(), kEndDirectorySize, 46),
          kDamaged},
-        {"an entry whose header is none",
-         [] {
-             QByteArray archive = plain();
-             set32(archive, centralRecord(archive, 1) + 42, 1);
-             return archive;
-         }(),
-         kDamaged},
-        {"an entry that reaches into the table of contents", withField32(18, 20, 1000), kDamaged},
+        {"an entry beyond the end", withCentral32(plain(), 1, 42, 0xFFFFFFFF), kDamaged},
+        {"an entry whose header is none", withCentral32(plain(), 1, 42, 1), kDamaged},
+        {"an entry that reaches into the table of contents",
+         withField32(plain(), 1, kPackedSize, 1000), kDamaged},
         {"an entry with a name of its own",
          [] {
              QByteArray archive = plain();
@@ -412,21 +294,10 @@ TEST(PackageArchive, refusesArchivesThatItCannotTrust)
              return archive;
          }(),
          kDamaged},
-        {"an entry with a size of its own",
-         [] {
-             QByteArray archive = plain();
-             set32(archive, localHeader(archive, 1) + 22, 119);
-             return archive;
-         }(),
-         kDamaged},
+        {"an entry with a size of its own", withLocal32(plain(), 1, kSize.local, 119), kDamaged},
         {"entries that share bytes", overlapping(),
          "p.cuix: The entries \"images/a.png\" and \"images/b.png\" share bytes of the archive.\n"},
-        {"two entries in one place",
-         [] {
-             QByteArray archive = plain();
-             set32(archive, centralRecord(archive, 1) + 42, 0);
-             return archive;
-         }(),
+        {"two entries in one place", withCentral32(plain(), 1, 42, 0),
          "p.cuix: The entries \"customization.xml\" and \"images/a.png\" share bytes of the "
          "archive.\n"},
         {"five bombs of 16 MiB",
@@ -438,7 +309,7 @@ TEST(PackageArchive, refusesArchivesThatItCannotTrust)
              .add("images/e.png", QByteArray(16 * kMiB, '\0'))
              .build(),
          "p.cuix: The entries together are larger than 64 MiB.\n"},
-        {"an entry said to be of 4 GiB", withField32(22, 24, 0xFFFFFFFF),
+        {"an entry said to be of 4 GiB", withField32(plain(), 1, kSize, 0xFFFFFFFF),
          "p.cuix: The entries together are larger than 64 MiB.\n"},
     };
     for (const Row& row : rows) {
@@ -463,7 +334,7 @@ TEST(PackageArchive, tellsOfNamesThatMakeTheArchiveUnreadable)
     EXPECT_EQ(faultsOf(readTwice),
               "p.cuix: The archive has more than one entry \"images/a.png\".\n");
 
-    const ArchiveReading readZero = read(renamed(QByteArray("images/a.png\0.exe", 17)));
+    const ArchiveReading readZero = read(withEntryNamed(QByteArray("images/a.png\0.exe", 17)));
     EXPECT_FALSE(readZero.isOpen);
     EXPECT_EQ(faultsOf(readZero), "p.cuix: The entry name \"images/a.png\xEF\xBF\xBD.exe\" "
                                   "contains a control character.\n");
