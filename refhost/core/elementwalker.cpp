@@ -69,6 +69,7 @@ void ElementWalker::finish()
 // Nothing once the reading has stopped.
 std::optional<Token> ElementWalker::advance()
 {
+    m_stopped = m_stopped || m_faults.areTooMany();
     if (m_stopped)
         return std::nullopt;
     const Result<Token> token = m_xml.next();

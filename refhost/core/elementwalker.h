@@ -24,7 +24,8 @@ public:
 
     [[nodiscard]] PackageFaults& faults() { return m_faults; }
 
-    // Whether the text could not be read to its end; the fault that says so is among the others.
+    // Whether the text could not be read to its end; the fault that says so is among the others,
+    // unless they are too many.
     // Nothing is read any more then, and what is missing so far may well follow unread.
     [[nodiscard]] bool hasStopped() const { return m_stopped; }
 

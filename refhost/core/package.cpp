@@ -3,6 +3,8 @@
 #include "refhost/core/customizationreader.h"
 #include "refhost/core/imagecheck.h"
 #include "refhost/core/packagearchive.h"
+#include "refhost/core/packagefaults.h"
+#include "refhost/core/packagefile.h"
 
 #include <utility>
 
@@ -11,80 +13,110 @@ namespace quelhost {
 namespace {
 
 const QLatin1String kCustomization("customization.xml");
-constexpr std::size_t kManyFaults = 10000;
+
+// Images are kept while they are checked up to that size. Were all of a large package kept, a fault
+// behind them would have cost their memory besides the archive's; they are unpacked again instead.
+constexpr qint64 kKeptImageBytes = 4LL * 1024 * 1024;
 
 class PackageReader
 {
 public:
-    PackageReader(ArchiveReading archive, QString file)
-        : m_archive(std::move(archive))
-        , m_file(std::move(file))
-        , m_faults(m_archive.faults)
+    PackageReader(const QByteArray& bytes, const QString& file)
+        : m_bytes(bytes)
+        , m_file(file)
     {}
 
-    [[nodiscard]] PackageReading read()
-    {
-        readText();
-        readImages();
-        return m_faults.empty() ? PackageReading(std::move(m_group))
-                                : PackageReading(std::move(m_faults));
-    }
+    [[nodiscard]] PackageReading read();
 
 private:
-    void readText()
-    {
-        const ArchiveEntry* text = m_archive.find(kCustomization);
-        if (text == nullptr)
-            m_faults.push_back({FaultKind::NotFound, qtTrId("package-no-customization"), m_file});
-        if (text == nullptr || !text->isGood)
-            return;
-        std::set<QString> names;
-        for (const ArchiveEntry& entry : m_archive.entries)
-            names.insert(entry.name);
-        CustomizationReading reading = readCustomization(text->bytes, m_file, names);
-        m_group = std::move(reading.group);
-        addFaults(reading.faults);
-    }
+    void take(const ArchiveReading& archive, ArchiveEntry& entry);
+    void readText(const ArchiveReading& archive, const QByteArray& text);
+    void readImage(const ArchiveEntry& entry);
+    void keepImages();
+    void addFaults(const std::vector<Fault>& faults);
+    [[nodiscard]] QString imageFile(const ArchiveEntry& entry) const;
 
-    void readImages()
-    {
-        for (const ArchiveEntry& entry : m_archive.entries) {
-            if (!entry.isGood || entry.name == kCustomization)
-                continue;
-            // An image may have a quarter of a million faults, and there may be 2,000 images.
-            if (m_faults.size() > kManyFaults) {
-                m_faults.push_back(
-                    {FaultKind::BadInput, qtTrId("package-many-faults"), m_file, 0, 0});
-                return;
-            }
-            readImage(entry);
-        }
-    }
-
-    void readImage(const ArchiveEntry& entry)
-    {
-        const QString file = m_file + QLatin1Char('!') + entry.name;
-        const ImageReading reading = checkImage(entry.name, entry.bytes, file);
-        m_group.images[entry.name] = reading.bytes;
-        addFaults(reading.faults);
-    }
-
-    void addFaults(const std::vector<Fault>& faults)
-    {
-        m_faults.insert(m_faults.end(), faults.begin(), faults.end());
-    }
-
-    ArchiveReading m_archive;
-    QString m_file;
-    std::vector<Fault> m_faults;
+    const QByteArray& m_bytes;
+    const QString& m_file;
+    std::vector<Fault> m_faults; // of the text and the images
+    bool m_isCut = false;        // there were too many
     MenuGroup m_group;
+    qint64 m_imageBytes = 0;
 };
 
-[[nodiscard]] PackageReading readUnpacked(ArchiveReading archive, const QString& file)
+PackageReading PackageReader::read()
 {
-    if (!archive.isOpen)
-        return PackageReading(std::move(archive.faults));
-    return PackageReader(std::move(archive), file).read();
+    ArchiveReading archive = readArchive(
+        m_bytes, m_file, {},
+        [this](const ArchiveReading& reading, ArchiveEntry& entry) { take(reading, entry); });
+    std::vector<Fault> faults = std::move(archive.faults);
+    if (archive.isOpen && archive.find(kCustomization) == nullptr)
+        faults.push_back({FaultKind::NotFound, qtTrId("package-no-customization"), m_file});
+    faults.insert(faults.end(), m_faults.begin(), m_faults.end());
+    if (m_isCut)
+        faults.push_back({FaultKind::BadInput, qtTrId("package-many-faults"), m_file, 0, 0});
+    if (!faults.empty())
+        return PackageReading(std::move(faults));
+    if (m_imageBytes > kKeptImageBytes)
+        keepImages();
+    return PackageReading(std::move(m_group));
+}
+
+void PackageReader::take(const ArchiveReading& archive, ArchiveEntry& entry)
+{
+    if (entry.name == kCustomization)
+        readText(archive, entry.bytes);
+    else if (m_faults.size() > kManyFaults)
+        m_isCut = true; // there may be 2,000 images
+    else
+        readImage(entry);
+    entry.bytes.clear();
+}
+
+void PackageReader::readText(const ArchiveReading& archive, const QByteArray& text)
+{
+    std::set<QString> names;
+    for (const ArchiveEntry& entry : archive.entries)
+        names.insert(entry.name);
+    CustomizationReading reading = readCustomization(text, m_file, names);
+    m_group = std::move(reading.group);
+    addFaults(reading.faults);
+}
+
+void PackageReader::readImage(const ArchiveEntry& entry)
+{
+    const ImageReading reading = checkImage(entry.name, entry.bytes, imageFile(entry));
+    m_imageBytes += reading.bytes.size();
+    addFaults(reading.faults);
+    if (m_faults.empty() && m_imageBytes <= kKeptImageBytes)
+        m_group.images[entry.name] = reading.bytes;
+    else
+        m_group.images.clear();
+}
+
+// Of a package that was found good.
+void PackageReader::keepImages()
+{
+    static_cast<void>(
+        readArchive(m_bytes, m_file, {}, [this](const ArchiveReading&, ArchiveEntry& entry) {
+            if (entry.name != kCustomization)
+                m_group.images[entry.name] =
+                    checkImage(entry.name, entry.bytes, imageFile(entry)).bytes;
+            entry.bytes.clear();
+        }));
+}
+
+void PackageReader::addFaults(const std::vector<Fault>& faults)
+{
+    m_faults.insert(m_faults.end(), faults.begin(), faults.end());
+    m_isCut = m_isCut || faults.size() > kManyFaults;
+    if (!m_faults.empty())
+        m_group = {};
+}
+
+QString PackageReader::imageFile(const ArchiveEntry& entry) const
+{
+    return m_file + QLatin1Char('!') + entry.name;
 }
 
 } // namespace
@@ -99,12 +131,15 @@ PackageReading::PackageReading(std::vector<Fault> faults)
 
 PackageReading readPackage(const QString& path)
 {
-    return readUnpacked(readArchiveFile(path), path);
+    const Result<QByteArray> bytes = readPackageFile(path, ArchiveLimits().fileBytes);
+    if (!bytes)
+        return PackageReading(std::vector<Fault>{bytes.fault()});
+    return readPackageBytes(bytes.value(), path);
 }
 
 PackageReading readPackageBytes(const QByteArray& bytes, const QString& file)
 {
-    return readUnpacked(readArchive(bytes, file), file);
+    return PackageReader(bytes, file).read();
 }
 
 } // namespace quelhost

@@ -30,8 +30,9 @@ public:
     [[nodiscard]] const MenuGroup& group() const { return std::get<0>(m_state); }
 
     // The archive's faults first, then those of `customization.xml` in the order of their places,
-    // then each image's; when there are more than 10,000, images not yet looked at are left out and
-    // the last fault says so. REQUIRES: the package was not good.
+    // then each image's. Of a text or an image no more than 10,001 are looked for, and once there
+    // are as many together, no further image is looked at; the last fault says so. REQUIRES: the
+    // package was not good.
     [[nodiscard]] const std::vector<Fault>& faults() const { return std::get<1>(m_state); }
 
 private:

@@ -1,7 +1,6 @@
 #include "refhost/core/packagearchive.h"
 
 #include "refhost/core/entryname.h"
-#include "refhost/core/packagefile.h"
 #include "refhost/core/packagefaults.h"
 #include "refhost/core/zipdirectory.h"
 
@@ -18,6 +17,7 @@ namespace quelhost {
 namespace {
 
 constexpr qint64 kMiB = 1024 * 1024;
+const QLatin1String kTextName("customization.xml");
 
 // Discarding, unlike closing, never writes.
 using ZipHandle = std::unique_ptr<zip_t, decltype(&zip_discard)>;
@@ -95,8 +95,10 @@ using ZipFile = std::unique_ptr<zip_file_t, decltype(&zip_fclose)>;
 class ArchiveReader
 {
 public:
-    ArchiveReader(const QByteArray& archive, const QString& file, const ArchiveLimits& limits)
+    ArchiveReader(const QByteArray& archive, const QString& file, const ArchiveLimits& limits,
+                  const EntryUse& use)
         : m_limits(limits)
+        , m_use(use)
         , m_faults(file)
         , m_zip(openZip(archive))
     {}
@@ -106,6 +108,7 @@ public:
 private:
     void judge(const ZipEntry& entry);
     void unpackAll(const ZipDirectory& directory);
+    void unpackEntry(const ZipDirectory& directory, std::size_t index, ArchiveEntry& into);
     [[nodiscard]] bool unpack(zip_uint64_t index, const ZipEntry& entry, ArchiveEntry& into);
 
     // What is thought of an entry before it is unpacked.
@@ -116,6 +119,7 @@ private:
     };
 
     ArchiveLimits m_limits;
+    const EntryUse& m_use;
     PackageFaults m_faults;
     ZipHandle m_zip;
     std::set<QString> m_names;
@@ -156,15 +160,29 @@ void ArchiveReader::judge(const ZipEntry& entry)
 
 void ArchiveReader::unpackAll(const ZipDirectory& directory)
 {
+    std::vector<std::size_t> indexes; // of the entries that come out
     for (std::size_t i = 0; i < m_judged.size(); ++i) {
         const Judged& judged = m_judged[i];
         if (!judged.name.isGood() || judged.name.isFolder)
             continue;
-        ArchiveEntry entry;
-        entry.name = judged.name.text;
-        entry.isGood = judged.isGood && unpack(i, directory.entries[i], entry);
-        m_reading.entries.push_back(entry);
+        indexes.push_back(i);
+        m_reading.entries.push_back({judged.name.text, {}, judged.isGood});
     }
+    for (const bool isText : {true, false}) {
+        for (std::size_t i = 0; i < indexes.size(); ++i) {
+            ArchiveEntry& entry = m_reading.entries[i];
+            if ((entry.name == kTextName) == isText)
+                unpackEntry(directory, indexes[i], entry);
+        }
+    }
+}
+
+void ArchiveReader::unpackEntry(const ZipDirectory& directory, std::size_t index,
+                                ArchiveEntry& into)
+{
+    into.isGood = into.isGood && unpack(index, directory.entries[index], into);
+    if (into.isGood && m_use)
+        m_use(m_reading, into);
 }
 
 bool ArchiveReader::unpack(zip_uint64_t index, const ZipEntry& entry, ArchiveEntry& into)
@@ -200,7 +218,7 @@ const ArchiveEntry* ArchiveReading::find(const QString& name) const
 }
 
 ArchiveReading readArchive(const QByteArray& archive, const QString& file,
-                           const ArchiveLimits& limits)
+                           const ArchiveLimits& limits, const EntryUse& use)
 {
     if (archive.size() > limits.fileBytes) {
         const QString sentence = qtTrId("package-file-too-large").arg(limits.fileBytes / kMiB);
@@ -209,15 +227,7 @@ ArchiveReading readArchive(const QByteArray& archive, const QString& file,
     const Result<ZipDirectory> directory = readZipDirectory(archive, file, limits.entries);
     if (!directory)
         return {false, {}, {directory.fault()}};
-    return ArchiveReader(archive, file, limits).read(directory.value());
-}
-
-ArchiveReading readArchiveFile(const QString& path, const ArchiveLimits& limits)
-{
-    const Result<QByteArray> bytes = readPackageFile(path, limits.fileBytes);
-    if (!bytes)
-        return {false, {}, {bytes.fault()}};
-    return readArchive(bytes.value(), path, limits);
+    return ArchiveReader(archive, file, limits, use).read(directory.value());
 }
 
 } // namespace quelhost

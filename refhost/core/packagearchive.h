@@ -14,6 +14,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 namespace quelhost {
@@ -47,11 +48,14 @@ struct ArchiveReading
     [[nodiscard]] const ArchiveEntry* find(const QString& name) const;
 };
 
+// Called with each good entry as soon as it is unpacked, the text before all others. It may take
+// the bytes away, so that those of all entries are never there at once. `reading` has the names of
+// all entries, and the faults that were found before anything was unpacked.
+using EntryUse = std::function<void(const ArchiveReading& reading, ArchiveEntry& entry)>;
+
 // `file` is the name for faults.
 [[nodiscard]] ArchiveReading readArchive(const QByteArray& archive, const QString& file,
-                                         const ArchiveLimits& limits = {});
-
-// A path that does not lead to a readable plain file gives one fault.
-[[nodiscard]] ArchiveReading readArchiveFile(const QString& path, const ArchiveLimits& limits = {});
+                                         const ArchiveLimits& limits = {},
+                                         const EntryUse& use = {});
 
 } // namespace quelhost

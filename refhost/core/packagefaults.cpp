@@ -57,6 +57,11 @@ bool hasControlCharacter(const QString& text)
 
 QString shownText(const QString& text)
 {
+    const auto isPlain = [](QChar character) {
+        return character.unicode() >= 0x20 && character.unicode() < 0x7F;
+    };
+    if (text.size() <= kShownCharacters && std::all_of(text.begin(), text.end(), isPlain))
+        return text;
     // Two units a character at most, so that a name of megabytes is not converted whole.
     QVector<uint> characters = text.left(2 * kShownCharacters + 2).toUcs4();
     const bool cut = characters.size() > kShownCharacters;

@@ -16,6 +16,10 @@ struct TextPlace
     qint64 column = 1;
 };
 
+// How many faults of a file are told: at the next one its reading ends. Whoever wants to mend that
+// many mends some first.
+inline constexpr std::size_t kManyFaults = 10000;
+
 // Collects the faults of `file`.
 class PackageFaults
 {
@@ -24,6 +28,7 @@ public:
 
     [[nodiscard]] const QString& file() const { return m_file; }
     [[nodiscard]] bool isEmpty() const { return m_faults.empty(); }
+    [[nodiscard]] bool areTooMany() const { return m_faults.size() > kManyFaults; }
 
     void add(const QString& sentence, FaultKind kind = FaultKind::BadInput);
     void add(TextPlace place, const QString& sentence);

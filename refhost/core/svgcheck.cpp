@@ -119,7 +119,7 @@ private:
 
 std::vector<Fault> SvgCheck::run()
 {
-    for (;;) {
+    while (!m_faults.areTooMany()) {
         const Result<LimitedXml::Token> token = m_xml.next();
         if (!token) {
             m_faults.add(token.fault());

@@ -549,7 +549,7 @@ Esc oder Strg+C bricht eine Frage ab; das Ende der Eingabe oder QUIT beendet die
     <message id="package-macro-close"><source>The macro has a closing brace without an opening one.</source><translation>Das Makro hat eine schließende Klammer ohne öffnende.</translation></message>
     <message id="package-macro-open"><source>The macro has an opening brace without a closing one.</source><translation>Das Makro hat eine öffnende Klammer ohne schließende.</translation></message>
     <message id="package-macro-word"><source>The macro uses unknown words: %1; known are {cancel} and {enter}.</source><translation>Das Makro verwendet unbekannte Wörter: %1; bekannt sind {cancel} und {enter}.</translation></message>
-    <message id="package-many-faults"><source>There are so many faults that the other images were not checked.</source><translation>Es gibt so viele Fehler, dass die übrigen Bilder nicht geprüft wurden.</translation></message>
+    <message id="package-many-faults"><source>There are so many faults that the rest was not checked.</source><translation>Es gibt so viele Fehler, dass der Rest nicht geprüft wurde.</translation></message>
     <message id="package-name-absolute"><source>The entry name "%1" is an absolute path.</source><translation>Der Eintragsname „%1“ ist ein absoluter Pfad.</translation></message>
     <message id="package-name-backslash"><source>The entry name "%1" contains a backslash.</source><translation>Der Eintragsname „%1“ enthält einen umgekehrten Schrägstrich.</translation></message>
     <message id="package-name-control"><source>The entry name "%1" contains a control character.</source><translation>Der Eintragsname „%1“ enthält ein Steuerzeichen.</translation></message>

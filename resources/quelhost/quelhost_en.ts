@@ -549,7 +549,7 @@ Esc or Ctrl+C cancels a prompt; the end of the input or QUIT ends the session.</
     <message id="package-macro-close"><source>The macro has a closing brace without an opening one.</source><translation>The macro has a closing brace without an opening one.</translation></message>
     <message id="package-macro-open"><source>The macro has an opening brace without a closing one.</source><translation>The macro has an opening brace without a closing one.</translation></message>
     <message id="package-macro-word"><source>The macro uses unknown words: %1; known are {cancel} and {enter}.</source><translation>The macro uses unknown words: %1; known are {cancel} and {enter}.</translation></message>
-    <message id="package-many-faults"><source>There are so many faults that the other images were not checked.</source><translation>There are so many faults that the other images were not checked.</translation></message>
+    <message id="package-many-faults"><source>There are so many faults that the rest was not checked.</source><translation>There are so many faults that the rest was not checked.</translation></message>
     <message id="package-name-absolute"><source>The entry name "%1" is an absolute path.</source><translation>The entry name "%1" is an absolute path.</translation></message>
     <message id="package-name-backslash"><source>The entry name "%1" contains a backslash.</source><translation>The entry name "%1" contains a backslash.</translation></message>
     <message id="package-name-control"><source>The entry name "%1" contains a control character.</source><translation>The entry name "%1" contains a control character.</translation></message>

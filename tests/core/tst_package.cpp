@@ -2,6 +2,7 @@
 
 #include "tests/support/packagebuilder.h"
 
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
@@ -82,6 +83,10 @@ TEST(Package, readsAFile)
     const PackageReading good = readPackage(path);
     ASSERT_TRUE(good) << faultsOf(good);
     EXPECT_EQ(good.group().name, QStringLiteral("G"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), packageOf(customization()));
+    file.close();
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList(QStringLiteral("a.cuix")));
 
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(packageOf("<customization>\n <x/></customization>"));
@@ -225,7 +230,24 @@ TEST(Package, checksNoMoreImagesOnceThereAreTooManyFaults)
     ASSERT_FALSE(above);
     ASSERT_EQ(above.faults().size(), 10002U);
     EXPECT_EQ(above.faults().back().text().toStdString(),
-              "p.cuix: There are so many faults that the other images were not checked.");
+              "p.cuix: There are so many faults that the rest was not checked.");
+}
+
+// More than is kept while the rest is checked.
+TEST(Package, keepsAllImagesOfALargePackage)
+{
+    PackageBuilder builder;
+    builder.add("customization.xml", customization()).add("images/z.png", png(16, 16));
+    const QByteArray comments =
+        "<svg>" + ("<!--" + QByteArray(60000, 'c') + "-->").repeated(17) + "</svg>";
+    for (int i = 0; i < 6; ++i)
+        builder.add("images/" + std::to_string(i) + ".svg", comments);
+    const PackageReading reading = read(builder.build());
+    ASSERT_TRUE(reading) << faultsOf(reading);
+    ASSERT_EQ(reading.group().images.size(), 7U);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(reading.group().images.at(QStringLiteral("images/%1.svg").arg(i)), comments) << i;
+    EXPECT_FALSE(reading.group().images.at(QStringLiteral("images/z.png")).isEmpty());
 }
 
 TEST(Package, acceptsATextOf16MiBAndRefusesOneAbove)

@@ -2,10 +2,6 @@
 
 #include "tests/support/damagedarchives.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -390,23 +386,22 @@ TEST(PackageArchive, neverGivesOtherContentForAWrongByte)
     EXPECT_GT(refused, archive.size() * 4 / 2);
 }
 
-TEST(PackageArchive, readsFilesAndLeavesThemAlone)
+TEST(PackageArchive, handsOverEachGoodEntryTheTextFirst)
 {
-    const QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("p.cuix"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(plain());
-    file.close();
-    EXPECT_EQ(entriesOf(readArchiveFile(path)), entriesOf(read(plain())));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), plain());
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList(QStringLiteral("p.cuix")));
-}
-
-TEST(PackageArchive, tellsThatAFileCannotBeRead)
-{
-    const ArchiveReading reading = readArchiveFile(QStringLiteral("/nowhere/p.cuix"));
-    EXPECT_FALSE(reading.isOpen);
-    EXPECT_EQ(faultsOf(reading), "/nowhere/p.cuix: There is no such file.\n");
+    const QByteArray archive = PackageBuilder()
+                                   .add("images/a.png", "image")
+                                   .add("images/b.png", "link")
+                                   .unixMode(0120777)
+                                   .add("customization.xml", "text")
+                                   .build();
+    std::string used;
+    const ArchiveReading reading =
+        readArchive(archive, QStringLiteral("p.cuix"), {},
+                    [&used](const ArchiveReading& all, ArchiveEntry& entry) {
+                        used += entry.name.toStdString() + "=" + entry.bytes.toStdString() +
+                                " of " + std::to_string(all.entries.size()) + "\n";
+                        entry.bytes.clear();
+                    });
+    EXPECT_EQ(used, "customization.xml=text of 3\nimages/a.png=image of 3\n");
+    EXPECT_EQ(entriesOf(reading), "images/a.png=\nimages/b.png!\ncustomization.xml=\n");
 }

@@ -159,11 +159,11 @@ const char* const kBroken = "The image cannot be decoded.";
             "a png with a chunk that ends in its name",
             [] { return png(16, 16).left(33) + Bytes("\0\0\0\4ID", 6); }, kBroken),
         image(
-            "a png of 8 GiB of text and no end",
+            "a png of 80 MiB of text and no end",
             [] {
                 Bytes bomb = png(16, 16).chopped(12);
                 const Bytes chunk = packedText(8);
-                for (int i = 0; i < 1000; ++i)
+                for (int i = 0; i < 10; ++i)
                     bomb = withChunk(bomb, "zTXt", chunk);
                 return bomb;
             },
