@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <string>
+#include <vector>
 
 using namespace quelhost;
 using namespace packages;
@@ -102,6 +103,28 @@ QByteArray largeText()
     return packageOf(customization("<commands>" + commands + "<x/></commands>"));
 }
 
+// What keeps within every limit and takes much all the same.
+std::vector<HostilePackage> largePackages()
+{
+    constexpr FaultIn kContent = FaultIn::Content;
+    return {{"64 MiB of drawings with a fault in the last", kContent, largeDrawings, {}},
+            {"a hundred drawings of countless faults", kContent, manyFaults, {}},
+            {"16 MiB of values with a fault behind them", kContent, largeText, {}}};
+}
+
+std::vector<HostileKind> memoryKinds()
+{
+    std::vector<HostileKind> kinds = hostileKinds();
+    kinds.push_back({"Large", largePackages});
+    return kinds;
+}
+
+class EachHostileMemory : public testing::TestWithParam<HostileKind>
+{};
+
+INSTANTIATE_TEST_SUITE_P(Of, EachHostileMemory, testing::ValuesIn(memoryKinds()),
+                         [](const auto& kind) { return std::string(kind.param.name); });
+
 } // namespace
 
 TEST(HostileMemory, ThePeakIsNoticed)
@@ -118,18 +141,13 @@ TEST(HostileMemory, ThePeakIsNoticed)
     EXPECT_GT(std::atol(end.output.c_str()), 31 * 1024) << end.output;
 }
 
-TEST(HostileMemory, RefusingTakesNoMoreThan96MiB)
+TEST_P(EachHostileMemory, RefusingTakesNoMoreThan96MiB)
 {
-    std::vector<HostilePackage> all = hostilePackages();
-    all.push_back(
-        {"64 MiB of drawings with a fault in the last", FaultIn::Content, largeDrawings, {}});
-    all.push_back({"a hundred drawings of countless faults", FaultIn::Content, manyFaults, {}});
-    all.push_back({"16 MiB of values with a fault behind them", FaultIn::Content, largeText, {}});
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("p.cuix"));
     std::string worst;
     long most = 0;
-    for (const HostilePackage& package : all) {
+    for (const HostilePackage& package : GetParam().make()) {
         ASSERT_TRUE(write(path, package.make())) << package.name;
         const long growth = growthOfRefusing(path);
         EXPECT_GE(growth, 0) << package.name;

@@ -41,6 +41,12 @@ PackageReading read(const QByteArray& bytes)
     return readPackageBytes(bytes, QStringLiteral("p.cuix"));
 }
 
+class EachHostilePackage : public testing::TestWithParam<HostileKind>
+{};
+
+INSTANTIATE_TEST_SUITE_P(Of, EachHostilePackage, testing::ValuesIn(hostileKinds()),
+                         [](const auto& kind) { return std::string(kind.param.name); });
+
 } // namespace
 
 TEST(HostilePackages, AreManyAndEachHasANameOfItsOwn)
@@ -51,18 +57,18 @@ TEST(HostilePackages, AreManyAndEachHasANameOfItsOwn)
     EXPECT_GE(names.size(), 150U);
 }
 
-TEST(HostilePackages, AreRefusedWithTheSentenceThatNamesTheFault)
+TEST_P(EachHostilePackage, IsRefusedWithTheSentenceThatNamesTheFault)
 {
-    for (const HostilePackage& package : hostilePackages()) {
+    for (const HostilePackage& package : GetParam().make()) {
         const PackageReading reading = read(package.make());
         EXPECT_FALSE(reading) << package.name;
         EXPECT_EQ(faultsOf(reading), expected(package, "p.cuix")) << package.name;
     }
 }
 
-TEST(HostilePackages, AreNotInflatedForAFaultInTheHeaders)
+TEST_P(EachHostilePackage, IsNotInflatedForAFaultInTheHeaders)
 {
-    for (const HostilePackage& package : hostilePackages()) {
+    for (const HostilePackage& package : GetParam().make()) {
         if (package.faultIn != FaultIn::Headers)
             continue;
         const QByteArray bytes = package.make();

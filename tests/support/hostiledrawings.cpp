@@ -222,12 +222,20 @@ std::vector<HostilePackage> hostileDrawings()
     return all;
 }
 
+std::vector<HostileKind> hostileKinds()
+{
+    return {{"Archives", hostileArchives}, {"Entries", hostileEntries},  {"Names", hostileNames},
+            {"Sizes", hostileSizes},       {"Texts", hostileTexts},      {"Groups", hostileGroups},
+            {"Pngs", hostilePngs},         {"Drawings", hostileDrawings}};
+}
+
 std::vector<HostilePackage> hostilePackages()
 {
     std::vector<HostilePackage> all;
-    for (const auto& part : {hostileArchives(), hostileEntries(), hostileNames(), hostileSizes(),
-                             hostileTexts(), hostileGroups(), hostilePngs(), hostileDrawings()})
+    for (const HostileKind& kind : hostileKinds()) {
+        const std::vector<HostilePackage> part = kind.make();
         all.insert(all.end(), part.begin(), part.end());
+    }
     return all;
 }
 

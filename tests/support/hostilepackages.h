@@ -26,6 +26,15 @@ struct HostilePackage
 // All of them, in the order of the functions below.
 [[nodiscard]] std::vector<HostilePackage> hostilePackages();
 
+// One of those functions, for tests that are done for each kind.
+struct HostileKind
+{
+    const char* name;
+    std::vector<HostilePackage> (*make)();
+};
+
+[[nodiscard]] std::vector<HostileKind> hostileKinds();
+
 // By kind.
 [[nodiscard]] std::vector<HostilePackage> hostileArchives(); // damaged as a whole
 [[nodiscard]] std::vector<HostilePackage> hostileEntries();  // one entry that cannot be trusted
