@@ -2,6 +2,7 @@
 #include "host/dialogs.h"
 #include "host/messageboxes.h"
 
+#include "tests/support/hostcode.h"
 #include "tests/support/recordinghost.h"
 #include "tests/support/tracetext.h"
 
@@ -14,8 +15,10 @@
 
 #include <algorithm>
 
+using recording::CalledCode;
 using recording::hexadecimal;
 using recording::host;
+using recording::HostCode;
 using recording::list;
 using recording::shown;
 
@@ -39,6 +42,12 @@ struct Listeners : QObject
         return (object.*(&Listeners::receivers))(signal);
     }
 };
+
+// The guard lives until what is made of the parent has been made.
+QWidget* byHost(QWidget* parent, const HostCode&)
+{
+    return parent;
+}
 
 std::string nameOf(const QWidget* widget)
 {
@@ -84,6 +93,7 @@ CListBox::~CListBox() = default;
 
 void CWnd::EnableWindow(bool enable)
 {
+    const HostCode here;
     host().called("EnableWindow", list(nameOf(m_widget), shown(enable)));
     if (m_widget != nullptr)
         m_widget->setEnabled(enable);
@@ -91,6 +101,7 @@ void CWnd::EnableWindow(bool enable)
 
 void CWnd::GetWindowText(CStdStr<wchar_t>& text) const
 {
+    const HostCode here;
     QString result;
     if (const auto* edit = qobject_cast<QLineEdit*>(m_widget))
         result = edit->text();
@@ -104,6 +115,7 @@ void CWnd::GetWindowText(CStdStr<wchar_t>& text) const
 
 void CWnd::SetWindowText(const wchar_t* text)
 {
+    const HostCode here;
     host().called("SetWindowText", list(nameOf(m_widget), shown(text)));
     const QString shownText = quelhost::toQString(text == nullptr ? L"" : text);
     if (auto* edit = qobject_cast<QLineEdit*>(m_widget))
@@ -116,6 +128,7 @@ void CWnd::SetWindowText(const wchar_t* text)
 
 void CWnd::GetWindowRect(RECT* rect) const
 {
+    const HostCode here;
     if (m_widget != nullptr)
         *rect = screenRect(*m_widget);
     host().called("GetWindowRect", nameOf(m_widget), shownRect(*rect));
@@ -123,6 +136,7 @@ void CWnd::GetWindowRect(RECT* rect) const
 
 void CWnd::MoveWindow(const RECT& rect, bool repaint)
 {
+    const HostCode here;
     host().called("MoveWindow", list(nameOf(m_widget), shownRect(rect), shown(repaint)));
     if (m_widget != nullptr)
         m_widget->setGeometry(toQRect(rect));
@@ -130,11 +144,13 @@ void CWnd::MoveWindow(const RECT& rect, bool repaint)
 
 void CWnd::Invalidate(bool erase)
 {
+    const HostCode here;
     host().called("Invalidate", list(nameOf(m_widget), shown(erase)));
 }
 
 void CListBox::ResetContent()
 {
+    const HostCode here;
     host().called("ResetContent", nameOf(widget()));
     if (QListWidget* rows = listOf(*this))
         rows->clear();
@@ -142,6 +158,7 @@ void CListBox::ResetContent()
 
 int CListBox::AddString(const wchar_t* text)
 {
+    const HostCode here;
     QListWidget* const rows = listOf(*this);
     if (rows != nullptr)
         rows->addItem(quelhost::toQString(text));
@@ -152,6 +169,7 @@ int CListBox::AddString(const wchar_t* text)
 
 int CListBox::GetCount() const
 {
+    const HostCode here;
     const QListWidget* const rows = listOf(*this);
     const int count = rows == nullptr ? 0 : rows->count();
     host().called("GetCount", nameOf(widget()), shown(count));
@@ -160,6 +178,7 @@ int CListBox::GetCount() const
 
 int CListBox::GetCurSel() const
 {
+    const HostCode here;
     const QListWidget* const rows = listOf(*this);
     const int row = rows == nullptr ? -1 : rows->currentRow();
     host().called("GetCurSel", nameOf(widget()), shown(row));
@@ -168,6 +187,7 @@ int CListBox::GetCurSel() const
 
 int CListBox::SetCurSel(int row)
 {
+    const HostCode here;
     QListWidget* const rows = listOf(*this);
     if (rows != nullptr)
         rows->setCurrentRow(row);
@@ -178,6 +198,7 @@ int CListBox::SetCurSel(int row)
 
 int CListBox::GetText(int row, CStdStr<wchar_t>& text) const
 {
+    const HostCode here;
     const QListWidget* const rows = listOf(*this);
     const QListWidgetItem* const item = rows == nullptr ? nullptr : rows->item(row);
     if (item != nullptr)
@@ -189,6 +210,7 @@ int CListBox::GetText(int row, CStdStr<wchar_t>& text) const
 
 int CListBox::DeleteString(int row)
 {
+    const HostCode here;
     QListWidget* const rows = listOf(*this);
     int left = -1;
     if (rows != nullptr && rows->item(row) != nullptr) {
@@ -206,15 +228,22 @@ struct QuUiBaseDialog::Private
 {};
 
 QuUiBaseDialog::QuUiBaseDialog(QWidget* parent)
-    : QDialog(parent)
+    : QDialog(byHost(parent, HostCode()))
     , m_private(std::make_unique<Private>())
 {}
-QuUiBaseDialog::~QuUiBaseDialog() = default;
+// The controls would go with the widget below, but nothing there tells whose work that is.
+QuUiBaseDialog::~QuUiBaseDialog()
+{
+    const HostCode here;
+    qDeleteAll(findChildren<QObject*>(QString(), Qt::FindDirectChildrenOnly));
+}
 
 int QuUiBaseDialog::DoModal()
 {
+    const HostCode here;
     const int result = host().modalResults.take();
     host().called("DoModal", "", shown(result));
+    const CalledCode there;
     if (m_controlsGenerated)
         OnInitDialog();
     if (host().whileModal)
@@ -229,24 +258,29 @@ void QuUiBaseDialog::resizeEvent(QResizeEvent* event)
 
 void QuUiBaseDialog::OnOK()
 {
+    const HostCode here;
     host().called("OnOK", "");
     done(Accepted);
 }
 
 bool QuUiBaseDialog::OnInitDialog()
 {
+    const HostCode here;
     host().called("OnInitDialog", "", "true");
+    const CalledCode there;
     DoDataExchange(nullptr);
     return true;
 }
 
 void QuUiBaseDialog::DoDataExchange(CDataExchange*)
 {
+    const HostCode here;
     host().called("DoDataExchange", "");
 }
 
 void QuUiBaseDialog::bindSingals()
 {
+    const HostCode here;
     host().called("bindSingals", "");
     auto* const ok = findChild<QAbstractButton*>(QStringLiteral("IDOK"));
     if (ok != nullptr && !CheckIfConnected(L"IDOK"))
@@ -259,6 +293,7 @@ void QuUiBaseDialog::bindSingals()
 bool QuUiBaseDialog::generateUICtrls(const wchar_t* dialogName, const wchar_t* resourceName,
                                      int option1, int option2, int option3)
 {
+    const HostCode here;
     const bool result = host().controlsGenerated.take();
     host().called("generateUICtrls",
                   list(shown(dialogName), shown(resourceName), shown(option1), shown(option2),
@@ -271,6 +306,7 @@ bool QuUiBaseDialog::generateUICtrls(const wchar_t* dialogName, const wchar_t* r
 
 QWidget* QuUiBaseDialog::getWidgetsFromOrignal(const wchar_t* objectName) const
 {
+    const HostCode here;
     auto* const widget = findChild<QWidget*>(quelhost::toQString(objectName));
     host().called("getWidgetsFromOrignal", shown(objectName), nameOf(widget));
     return widget;
@@ -278,6 +314,7 @@ QWidget* QuUiBaseDialog::getWidgetsFromOrignal(const wchar_t* objectName) const
 
 bool QuUiBaseDialog::CheckIfConnected(const wchar_t* objectName) const
 {
+    const HostCode here;
     const auto* const button = findChild<QAbstractButton*>(quelhost::toQString(objectName));
     const bool result = host().connectedControls.count(objectName) > 0 ||
                         (button != nullptr && Listeners::count(*button, SIGNAL(clicked(bool))) > 0);
@@ -287,6 +324,7 @@ bool QuUiBaseDialog::CheckIfConnected(const wchar_t* objectName) const
 
 CWnd* QuUiBaseDialog::GetDlgItem(const wchar_t* objectName) const
 {
+    const HostCode here;
     auto* const widget = findChild<QWidget*>(quelhost::toQString(objectName));
     host().called("GetDlgItem", shown(objectName), nameOf(widget));
     if (widget == nullptr)
@@ -296,6 +334,7 @@ CWnd* QuUiBaseDialog::GetDlgItem(const wchar_t* objectName) const
 
 void QuUiBaseDialog::DDX_Control(CDataExchange*, const wchar_t* objectName, CWnd& member)
 {
+    const HostCode here;
     auto* const widget = findChild<QWidget*>(quelhost::toQString(objectName));
     host().called("DDX_Control", shown(objectName), nameOf(widget));
     member.attach(widget);
@@ -303,6 +342,7 @@ void QuUiBaseDialog::DDX_Control(CDataExchange*, const wchar_t* objectName, CWnd
 
 int QuUiBaseDialog::MessageBoxW(const wchar_t* text, const wchar_t* caption, unsigned int flags)
 {
+    const HostCode here;
     const int result = host().boxes.take();
     host().called("QuUiBaseDialog::MessageBoxW",
                   list(shown(text), shown(caption), hexadecimal(flags)), shown(result));
@@ -311,24 +351,28 @@ int QuUiBaseDialog::MessageBoxW(const wchar_t* text, const wchar_t* caption, uns
 
 void QuUiBaseDialog::GetClientRect(RECT* rect) const
 {
+    const HostCode here;
     *rect = {0, 0, width(), height()};
     host().called("GetClientRect", "", shownRect(*rect));
 }
 
 void QuUiBaseDialog::GetWindowRect(RECT* rect) const
 {
+    const HostCode here;
     *rect = screenRect(*this);
     host().called("QuUiBaseDialog::GetWindowRect", "", shownRect(*rect));
 }
 
 void QuUiBaseDialog::MoveWindow(const RECT& rect, bool repaint)
 {
+    const HostCode here;
     host().called("QuUiBaseDialog::MoveWindow", list(shownRect(rect), shown(repaint)));
     setGeometry(toQRect(rect));
 }
 
 void QuUiBaseDialog::ScreenToClient(RECT* rect) const
 {
+    const HostCode here;
     const QPoint corner = mapToGlobal(QPoint(0, 0));
     const RECT before = *rect;
     *rect = {rect->left - corner.x(), rect->top - corner.y(), rect->right - corner.x(),
@@ -338,5 +382,6 @@ void QuUiBaseDialog::ScreenToClient(RECT* rect) const
 
 void quelInvokeHelp(QuUiBaseDialog* dialog)
 {
+    const HostCode here;
     host().called("quelInvokeHelp", dialog == nullptr ? "null" : "dialog");
 }

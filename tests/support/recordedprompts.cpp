@@ -4,6 +4,7 @@
 #include "host/variables.h"
 #include "host/wideformat.h"
 
+#include "tests/support/hostcode.h"
 #include "tests/support/recordinghost.h"
 #include "tests/support/tracetext.h"
 
@@ -17,6 +18,7 @@
 
 using recording::Answers;
 using recording::host;
+using recording::HostCode;
 using recording::list;
 using recording::PromptAnswer;
 using recording::shown;
@@ -99,24 +101,28 @@ void print(const std::string& function, const wchar_t* format,
 
 int quedInitGet(int flags, const wchar_t* keywords)
 {
+    const HostCode here;
     host().called("quedInitGet", list(shown(flags), shown(keywords)), shown(QuelStatus::kNormal));
     return QuelStatus::kNormal;
 }
 
 int quedGetString(int cronly, const wchar_t* prompt, wchar_t* answer)
 {
+    const HostCode here;
     return answerPrompt("quedGetString", list(shown(cronly), shown(prompt)), host().strings, answer,
                         kQuelStringAnswerRoom);
 }
 
 int quedGetKword(const wchar_t* prompt, wchar_t* answer)
 {
+    const HostCode here;
     return answerPrompt("quedGetKword", shown(prompt), host().keywords, answer,
                         kQuelKeywordAnswerRoom);
 }
 
 bool quedScriptAppRunning()
 {
+    const HostCode here;
     const bool result = host().scriptRuns.take();
     host().called("quedScriptAppRunning", "", shown(result));
     return result;
@@ -124,6 +130,7 @@ bool quedScriptAppRunning()
 
 bool commandShouldUseDialog(IQuelBuildInCommandContext* context)
 {
+    const HostCode here;
     host().lastContext = context;
     const bool result = host().useDialog.take();
     host().called("commandShouldUseDialog", context == nullptr ? "null" : "context", shown(result));
@@ -132,6 +139,7 @@ bool commandShouldUseDialog(IQuelBuildInCommandContext* context)
 
 QuelDocumentData* GetQuelAppCtxActiveDocData()
 {
+    const HostCode here;
     static QuelDocumentData data{};
     const auto flags = host().documentFlags;
     data.flags = flags.value_or(0);
@@ -141,6 +149,7 @@ QuelDocumentData* GetQuelAppCtxActiveDocData()
 
 int quedGetVar(const wchar_t* name, resbuf* result)
 {
+    const HostCode here;
     host().seenRecords.push_back(seen(*result));
     const auto variable = host().variables.find(upperName(name));
     const bool known = variable != host().variables.end();
@@ -151,6 +160,7 @@ int quedGetVar(const wchar_t* name, resbuf* result)
 
 void quutDelBuffer(void*& buffer)
 {
+    const HostCode here;
     host().called("quutDelBuffer", buffer == nullptr ? "null" : "buffer");
     if (buffer != nullptr && host().buffers.erase(buffer) == 0)
         ++host().foreignFrees;
@@ -161,6 +171,7 @@ void quutDelBuffer(void*& buffer)
 
 void quutRelRb(resbuf* chain)
 {
+    const HostCode here;
     host().called("quutRelRb", chain == nullptr ? "null" : "chain");
     while (chain != nullptr) {
         resbuf* const next = chain->link;
@@ -175,6 +186,7 @@ void quutRelRb(resbuf* chain)
 
 void quutPrintf(const wchar_t* text)
 {
+    const HostCode here;
     host().called("quutPrintf", shown(text));
     for (const wchar_t* at = text; at != nullptr && *at != L'\0'; ++at) {
         host().printed += *at;
@@ -185,6 +197,7 @@ void quutPrintf(const wchar_t* text)
 
 void quutPrintf(const wchar_t* format, const wchar_t* first, ...)
 {
+    const HostCode here;
     va_list rest;
     va_start(rest, first);
     print("quutPrintf", format, takeArguments(format, {first}, rest));
@@ -193,6 +206,7 @@ void quutPrintf(const wchar_t* format, const wchar_t* first, ...)
 
 void promptf(const wchar_t* format, ...)
 {
+    const HostCode here;
     va_list rest;
     va_start(rest, format);
     print("promptf", format, takeArguments(format, {}, rest));

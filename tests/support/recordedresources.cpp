@@ -1,6 +1,7 @@
 // The resource functions of the recording host.
 #include "host/resources.h"
 
+#include "tests/support/hostcode.h"
 #include "tests/support/recordinghost.h"
 #include "tests/support/tracetext.h"
 
@@ -10,6 +11,7 @@
 #include <set>
 
 using recording::host;
+using recording::HostCode;
 using recording::list;
 using recording::MaybeText;
 using recording::shown;
@@ -54,17 +56,20 @@ int copyTo(const MaybeText* text, wchar_t* buffer, int room)
 
 bool SetCurrentResourceName(const wchar_t* name)
 {
+    const HostCode here;
     return host().enterScope("SetCurrentResourceName", name, host().globalScope);
 }
 
 void RestorePreviousResource()
 {
+    const HostCode here;
     host().called("RestorePreviousResource", "");
     host().leaveScope();
 }
 
 QuelResourceHandle AfxGetResourceHandle()
 {
+    const HostCode here;
     const std::wstring& file = host().resourceStack.back();
     host().called("AfxGetResourceHandle", "", quelhost::toUtf8(file));
     return handleOf(file);
@@ -72,6 +77,7 @@ QuelResourceHandle AfxGetResourceHandle()
 
 int LoadStringW(QuelResourceHandle resource, unsigned int id, wchar_t* buffer, int maxChars)
 {
+    const HostCode here;
     host().lastLoadBuffer = buffer;
     const std::size_t line = host().trace.size();
     host().called("LoadStringW",
@@ -84,6 +90,7 @@ int LoadStringW(QuelResourceHandle resource, unsigned int id, wchar_t* buffer, i
 
 QuString qumdQuResourceString(unsigned int id, const wchar_t* defaultText)
 {
+    const HostCode here;
     host().defaultTexts[id] = defaultText == nullptr ? MaybeText() : MaybeText(defaultText);
     const MaybeText* text = findText(host().resourceStack.back(), id);
     QuString result(defaultText);
@@ -95,6 +102,7 @@ QuString qumdQuResourceString(unsigned int id, const wchar_t* defaultText)
 
 bool QuString::loadString(unsigned int id)
 {
+    const HostCode here;
     const MaybeText* text = findText(host().resourceStack.back(), id);
     host().called("loadString", shown(id), shown(text != nullptr));
     if (text != nullptr)

@@ -7,11 +7,13 @@
 #include "host/messageboxes.h"
 #include "host/settings.h"
 
+#include "tests/support/hostcode.h"
 #include "tests/support/recordinghost.h"
 #include "tests/support/tracetext.h"
 
 using recording::hexadecimal;
 using recording::host;
+using recording::HostCode;
 using recording::list;
 using recording::MaybeText;
 using recording::shown;
@@ -24,6 +26,7 @@ class RecordingConfig final : public QueldConfig
 public:
     int getValue(Path category, const wchar_t* key, QuelVariant& value) override
     {
+        const HostCode here;
         const auto found = host().settings.find(key);
         const int failure = host().readFailures.take();
         const bool succeeds = failure == 0 && found != host().settings.end();
@@ -37,6 +40,7 @@ public:
 
     int setValue(Path category, const wchar_t* key, const QuelVariant& value) override
     {
+        const HostCode here;
         const int result = host().writeFailures.take();
         host().called("setValue", list(shown(int{category}), shown(key), shown(value)),
                       shown(result));
@@ -47,6 +51,7 @@ public:
 
     bool isItemExist(Path category, const wchar_t* section) override
     {
+        const HostCode here;
         const bool result =
             host().sections.count(section) > 0 || host().settings.count(section) > 0;
         host().called("isItemExist", list(shown(int{category}), shown(section)), shown(result));
@@ -55,6 +60,7 @@ public:
 
     int addItem(Path category, const wchar_t* section) override
     {
+        const HostCode here;
         const int result = host().writeFailures.take();
         host().called("addItem", list(shown(int{category}), shown(section)), shown(result));
         if (result == 0)
@@ -66,10 +72,15 @@ public:
 class RecordingManager final : public QuelCustomizationManager
 {
 public:
-    void refresh() override { host().called("refresh", ""); }
+    void refresh() override
+    {
+        const HostCode here;
+        host().called("refresh", "");
+    }
 
     bool loadMenuFile(const QuString& path, QuString& group) override
     {
+        const HostCode here;
         const recording::LoadAnswer answer = host().loads.take();
         const std::string before = group.length() == 0 ? "empty" : shown(group);
         std::string result = shown(answer.loaded);
@@ -87,6 +98,7 @@ class RecordingApplication final : public QuelAppInterface
 public:
     QuelCustomizationManager* customizationManager() override
     {
+        const HostCode here;
         static RecordingManager manager;
         const bool isThere = host().managerIsThere.take();
         host().called("customizationManager", "", isThere ? "manager" : "null");
@@ -99,14 +111,20 @@ class RecordingAliases final : public QuCmdAliasManager
 public:
     QuString getCurValidPgpFileName() override
     {
+        const HostCode here;
         const MaybeText& file = host().aliasFile;
         const QuString result = file ? QuString(file->c_str()) : QuString();
         host().called("getCurValidPgpFileName", "", shown(result));
         return result;
     }
-    void uninitAliasNameList() override { host().called("uninitAliasNameList", ""); }
+    void uninitAliasNameList() override
+    {
+        const HostCode here;
+        host().called("uninitAliasNameList", "");
+    }
     bool initAliasNameList(bool reread) override
     {
+        const HostCode here;
         const bool result = host().aliasesRead.take();
         host().called("initAliasNameList", shown(reread), shown(result));
         return result;
@@ -123,11 +141,13 @@ class RecordingCrashRecorder final : public QuelCrashRecorder
 public:
     void record(const VxErrorStatus* error) override
     {
+        const HostCode here;
         host().called("record", "status " + shown(int{error->status()}));
         host().crashes.push_back({error, error->status(), error->context(), error->code(), {}});
     }
     void record(const VxExceptionWithMsg* error) override
     {
+        const HostCode here;
         host().called("record", shown(error->message()));
         host().crashes.push_back({error, 0, error->context(), error->code(), error->message()});
     }
@@ -137,6 +157,7 @@ public:
 
 QueldConfig* quelConfig()
 {
+    const HostCode here;
     static RecordingConfig config;
     const bool isThere = host().storeIsThere.take();
     host().called("quelConfig", "", isThere ? "store" : "null");
@@ -145,6 +166,7 @@ QueldConfig* quelConfig()
 
 QuelAppInterface* GetQuelAppInterface()
 {
+    const HostCode here;
     static RecordingApplication application;
     const bool isThere = host().applicationIsThere.take();
     host().called("GetQuelAppInterface", "", isThere ? "application" : "null");
@@ -153,6 +175,7 @@ QuelAppInterface* GetQuelAppInterface()
 
 QuCmdAliasManager* quCmdAliasManagerPtr()
 {
+    const HostCode here;
     static RecordingAliases aliases;
     const bool isThere = host().aliasManagerIsThere.take();
     host().called("quCmdAliasManagerPtr", "", isThere ? "manager" : "null");
@@ -161,6 +184,7 @@ QuCmdAliasManager* quCmdAliasManagerPtr()
 
 int vxExcuteWSCommand(int editor, const wchar_t* reserved1, const wchar_t* reserved2)
 {
+    const HostCode here;
     const int result = host().editors.take();
     host().called("vxExcuteWSCommand", list(shown(editor), shown(reserved1), shown(reserved2)),
                   shown(result));
@@ -169,6 +193,7 @@ int vxExcuteWSCommand(int editor, const wchar_t* reserved1, const wchar_t* reser
 
 int MessageBoxW(CWnd* parent, const wchar_t* text, const wchar_t* caption, unsigned int flags)
 {
+    const HostCode here;
     const int result = host().boxes.take();
     host().called("MessageBoxW",
                   list(shownParent(parent), shown(text), shown(caption), hexadecimal(flags)),
@@ -178,6 +203,7 @@ int MessageBoxW(CWnd* parent, const wchar_t* text, const wchar_t* caption, unsig
 
 int MessageBoxW(const wchar_t* text, const wchar_t* caption, unsigned int flags)
 {
+    const HostCode here;
     const int result = host().boxes.take();
     host().called("MessageBoxW", list(shown(text), shown(caption), hexadecimal(flags)),
                   shown(result));
@@ -186,6 +212,7 @@ int MessageBoxW(const wchar_t* text, const wchar_t* caption, unsigned int flags)
 
 int AfxMessageBox(const wchar_t* text, unsigned int style, unsigned int helpContext)
 {
+    const HostCode here;
     const int result = host().boxes.take();
     host().called("AfxMessageBox", list(shown(text), hexadecimal(style), shown(helpContext)),
                   shown(result));
@@ -194,12 +221,14 @@ int AfxMessageBox(const wchar_t* text, unsigned int style, unsigned int helpCont
 
 CWnd* AfxGetMainWnd()
 {
+    const HostCode here;
     host().called("AfxGetMainWnd", "", shownParent(host().mainWindow));
     return host().mainWindow;
 }
 
 const wchar_t* GetOemProductName()
 {
+    const HostCode here;
     host().called("GetOemProductName", "", shown(host().productName));
     return host().productName.c_str();
 }
@@ -208,6 +237,7 @@ int vxGetFileDialog(const wchar_t* title, const wchar_t* initialPath, const wcha
                     int flags, resbuf* result, bool* reserved1, int& filterIndex,
                     const wchar_t* filters, const wchar_t* reserved2)
 {
+    const HostCode here;
     const recording::FileDialogAnswer answer = host().fileDialogs.take();
     const std::size_t line = host().trace.size();
     host().called("vxGetFileDialog", list(shown(title), shown(initialPath), shown(extensions),
@@ -233,6 +263,7 @@ int vxGetFileDialog(const wchar_t* title, const wchar_t* initialPath, const wcha
 
 QuelCrashRecorder* quelGetCrashRecorder()
 {
+    const HostCode here;
     static RecordingCrashRecorder recorder;
     const bool isThere = host().recorderIsThere.take();
     host().called("quelGetCrashRecorder", "", isThere ? "recorder" : "null");

@@ -1,5 +1,6 @@
 #include "tests/support/recordinghost.h"
 
+#include "tests/support/hostcode.h"
 #include "tests/support/tracetext.h"
 
 #include <algorithm>
@@ -164,29 +165,34 @@ void Host::setStringSetting(const std::wstring& key, const std::wstring& text)
 
 const wchar_t* Context::globalName() const
 {
+    const HostCode here;
     host().called("globalName", "", shown(host().contextCommand));
     return host().contextCommand.c_str();
 }
 
 bool Context::isCommandLineOnly() const
 {
+    const HostCode here;
     host().called("isCommandLineOnly", "", shown(host().contextIsCommandLineOnly));
     return host().contextIsCommandLineOnly;
 }
 
 bool Context::enterResourceScope(const wchar_t* name)
 {
+    const HostCode here;
     return host().enterScope("enterResourceScope", name, host().contextScope);
 }
 
 void Context::leaveResourceScope(int value)
 {
+    const HostCode here;
     host().called("leaveResourceScope", shown(value));
     host().leaveScope();
 }
 
 int Context::findFile(const wchar_t* name, wchar_t* result)
 {
+    const HostCode here;
     constexpr std::size_t room = 1024;
     const auto found = host().filesToFind.find(name);
     const bool isThere = found != host().filesToFind.end();
@@ -202,6 +208,7 @@ int Context::findFile(const wchar_t* name, wchar_t* result)
 
 int CommandStore::addCommand(IQuelCommandFactory* factory, int value)
 {
+    const HostCode here;
     added.push_back(factory);
     const int result = results.take();
     host().called("addCommand", list(shown(factory->globalName()), shown(value)), shown(result));
@@ -210,6 +217,7 @@ int CommandStore::addCommand(IQuelCommandFactory* factory, int value)
 
 int CommandStore::removeCommand(const wchar_t* globalName)
 {
+    const HostCode here;
     removedNames.push_back(globalName);
     const int result = results.take();
     host().called("removeCommand", shown(globalName), shown(result));
