@@ -18,6 +18,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <cwchar>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -145,11 +146,12 @@ private:
 
     [[noreturn]] static void raise(Quel::ErrorStatus status)
     {
-        // The context is a pair of double quotes, as everywhere in the host.
-        auto* error = new VxErrorStatus(status, L"\"\"", 0);
+        // The context is a pair of double quotes, as everywhere in the host. A recorder that throws
+        // takes this error's place.
+        auto error = std::make_unique<VxErrorStatus>(status, L"\"\"", 0);
         if (QuelCrashRecorder* recorder = quelGetCrashRecorder())
-            recorder->record(error);
-        throw error;
+            recorder->record(error.get());
+        throw error.release();
     }
 
     // Nulls the pointer at once, so that an allocation that throws leaves nothing to free twice.
