@@ -213,10 +213,15 @@ void LoadedMenuFileList::append(const std::wstring& path)
     m_text += path;
 }
 
-void LoadedMenuFileList::write(QueldConfig& store) const
+QuelVariant LoadedMenuFileList::value() const
 {
     QuelVariant value;
     value.setString(m_text.c_str(), QuelVariant::kString);
+    return value;
+}
+
+void LoadedMenuFileList::write(QueldConfig& store, const QuelVariant& value)
+{
     store.setValue(kSettingsPath, SettingsKey::kLoadedMenuFiles, value);
 }
 

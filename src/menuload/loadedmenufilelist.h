@@ -45,7 +45,11 @@ public:
     // entry 0 has it, nothing at all is removed.
     Found unload(const std::wstring& path);
     // Stores the list. The store tells the user when it cannot, so its result is not looked at.
-    void write(QueldConfig& store) const;
+    void write(QueldConfig& store) const { write(store, value()); }
+    // The same in two steps, for who changes something in between: the first takes all the memory
+    // that there is to take.
+    [[nodiscard]] QuelVariant value() const;
+    static void write(QueldConfig& store, const QuelVariant& value);
 
 private:
     explicit LoadedMenuFileList(std::wstring text)

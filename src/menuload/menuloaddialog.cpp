@@ -183,14 +183,16 @@ void VxMenuLoadDlg::OnBtnUnLoadMenu()
     if (!list)
         return;
     const int removed = list->removeNamed(name);
+    if (removed == 0)
+        return;
+    // Made before a row goes: without memory for it the rows stay those of the stored list.
+    const QuelVariant value = list->value();
     // One row goes for each entry, always at the same place, so with two entries of one name the
     // row below goes too. The next time the list is filled it is back.
     for (int entry = 0; entry < removed; ++entry)
         m_groups.DeleteString(row);
-    if (removed == 0)
-        return;
     m_changed = 1;
-    list->write(*store);
+    LoadedMenuFileList::write(*store, value);
 }
 
 void VxMenuLoadDlg::OnHelp()
