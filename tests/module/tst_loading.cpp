@@ -5,6 +5,7 @@
 #include "host/qustring.h"
 
 #include "refhost/core/widetext.h"
+#include "tests/support/memorywatch.h"
 #include "tests/support/menufolder.h"
 #include "tests/support/rawslots.h"
 #include "tests/support/recordinghost.h"
@@ -60,34 +61,13 @@ extern "C" IQuelCmdApplication* GetQuelCmdApplication()
     return nullptr;
 }
 
-// The whole process allocates through the function below, so that one request of the module can be
-// refused. It runs before the checks of a sanitizer do and is therefore not checked itself.
-namespace {
-volatile std::size_t refusedSize = 0;
-}
-
-extern "C" {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define SYSTEM_MALLOC __interceptor_malloc
-#else
-#define SYSTEM_MALLOC __libc_malloc
-#endif
-void* SYSTEM_MALLOC(std::size_t size);
-
-__attribute__((visibility("default"), no_sanitize("address", "thread", "undefined"))) void*
-malloc(std::size_t size) noexcept
-{
-    return size != 0 && size == refusedSize ? nullptr : SYSTEM_MALLOC(size);
-}
-
 #if defined(__SANITIZE_ADDRESS__)
 // Freed memory is given back soon, or a test could not tell growth from caution.
-__attribute__((visibility("default"))) const char* __asan_default_options()
+extern "C" __attribute__((visibility("default"))) const char* __asan_default_options()
 {
     return "quarantine_size_mb=1";
 }
 #endif
-}
 
 namespace {
 
@@ -350,6 +330,16 @@ TEST(Loading, CallsItsOwnFunctionsWhenTheHostHasSomeOfTheSameName)
     EXPECT_EQ(decoyCalls, 0);
 }
 
+// The application object is made by the first call.
+TEST(Loading, NeedsNoMemoryToStart)
+{
+    const Module module;
+    const auto entry = module.function<GetQuelCmdApplicationFunction>("GetQuelCmdApplication");
+    recording::MemoryWatch watch(recording::Refusal::from(1));
+    EXPECT_EQ(watch.run([entry] { return entry()->initialize(); }), 1);
+    EXPECT_EQ(watch.live(), Lines{});
+}
+
 TEST(Loading, ItsErrorsCanBeReadWhenItIsGone)
 {
     const recording::MenuFolder folder;
@@ -361,13 +351,14 @@ TEST(Loading, ItsErrorsCanBeReadWhenItIsGone)
     {
         Session session;
         // The block of the new list: the size, both texts, the separator and the final zero.
-        refusedSize = 4 + (old.size() + 1 + path.size() + 1) * 4;
+        const std::size_t newBlock = 4 + (old.size() + 1 + path.size() + 1) * 4;
+        recording::MemoryWatch watch(recording::Refusal::ofSize(newBlock));
         try {
-            session.run(L"MENULOAD");
+            watch.run([&session] { session.run(L"MENULOAD"); });
         } catch (VxErrorStatus* caught) {
             error = caught;
         }
-        refusedSize = 0;
+        EXPECT_EQ(watch.refused(), 1);
     }
     ASSERT_EQ(linesOfTheModuleInTheProcess(), 0);
     ASSERT_NE(error, nullptr);
