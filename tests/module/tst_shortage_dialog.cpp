@@ -218,8 +218,11 @@ std::vector<Case> otherSlotCases(const Files& files)
     static int width = 640;
     static int height = 480;
     static tagMINMAXINFO* limitsPointer = &limits;
+    // The edit's signal is kept back, and its slot has a case of its own: the toolkit loses texts
+    // when an error passes through it.
     const auto pick = [path = files.other] {
         open();
+        loaddialog::widgetOf<QLineEdit>(*theDialog, loaddialog::kEdit).blockSignals(true);
         host().fileDialogs.next({5100, path, 2, 1});
     };
     const auto size = [] {
