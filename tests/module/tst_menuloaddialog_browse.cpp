@@ -139,6 +139,17 @@ TEST_F(LoadDialog, BrowsesNothingWithoutAStore)
     EXPECT_EQ(typed(), L"/start");
 }
 
+TEST_F(LoadDialog, BrowsesWithoutAnEdit)
+{
+    describeControls({kEdit});
+    open(L"");
+    host().fileDialogs.next({5100, L"/t/plant.cuix", 1, 0});
+    dialog->OnBtnBrowse();
+    EXPECT_EQ(host().calls("vxGetFileDialog"), Lines{filedialog::opened("\"\"", 0, 5100)});
+    EXPECT_EQ(host().count("SetWindowText"), 0);
+    EXPECT_TRUE(isEnabled(kLoad));
+}
+
 TEST_F(LoadDialog, BrowsesOnTheFileLastChosenWhenNothingIsTyped)
 {
     open(L"");
