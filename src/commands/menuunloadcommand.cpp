@@ -35,14 +35,11 @@ int unloadTypedFile(const wchar_t* path)
     std::optional<LoadedMenuFileList> list = LoadedMenuFileList::read(*store);
     if (!list)
         return QuelStatus::kNormal;
-    switch (list->unload(path)) {
-    case LoadedMenuFileList::Found::MainFile:
+    const LoadedMenuFileList::Found found = list->unload(path);
+    if (found == LoadedMenuFileList::Found::MainFile)
         return QuelStatus::kStopped;
-    case LoadedMenuFileList::Found::Nothing:
+    if (found == LoadedMenuFileList::Found::Nothing)
         return QuelStatus::kNormal;
-    case LoadedMenuFileList::Found::Removed:
-        break;
-    }
     list->write(*store);
     if (QuelCustomizationManager* manager = customizationManagerOrNull())
         manager->refresh();

@@ -34,6 +34,14 @@ bool equalInAnyCase(const std::wstring& left, const std::wstring& right)
     return std::equal(left.begin(), left.end(), right.begin(), right.end(), equal);
 }
 
+// A name that is nothing but the extension has none, on purpose.
+bool hasMenuSourceExtension(const std::wstring& path)
+{
+    if (path.size() <= kMenuSourceLength)
+        return false;
+    return equalInAnyCase(path.substr(path.size() - kMenuSourceLength), kMenuSource);
+}
+
 std::wstring withoutOuterSeparators(const std::wstring& list)
 {
     const std::size_t first = list.find_first_not_of(L';');
@@ -82,9 +90,7 @@ int IsSupportMenuExt(const CStdStr<wchar_t>& ext)
 int MenuLoadReplaceAll(const CStdStr<wchar_t>& path)
 {
     const GlobalResourceScope scope(kHostResourceFile);
-    // A name that is nothing but the extension is warned about, on purpose.
-    const bool isLonger = path.size() > kMenuSourceLength;
-    if (isLonger && equalInAnyCase(path.substr(path.size() - kMenuSourceLength), kMenuSource))
+    if (hasMenuSourceExtension(path))
         return kGoOn;
     const QuString warning = qumdQuResourceString(kWarningId, kWarning);
     if (IsRunAsCmdLineCommand() != 0) {

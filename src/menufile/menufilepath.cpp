@@ -79,7 +79,9 @@ int findInHost(IQuelBuildInCommandContext* context, const std::wstring& name,
 bool hasMenuFileExtension(const std::wstring& name)
 {
     const int dot = static_cast<int>(name.rfind(L'.'));
-    return dot > 0 && IsSupportMenuExt(trimmed(name.substr(static_cast<std::size_t>(dot)))) != 0;
+    if (dot <= 0)
+        return false;
+    return IsSupportMenuExt(trimmed(name.substr(static_cast<std::size_t>(dot)))) != 0;
 }
 
 std::wstring kindsOfHost()

@@ -74,6 +74,11 @@ QString identity(std::wstring_view path)
     return qtBaseName(path).toUpper();
 }
 
+bool exists(std::wstring_view path)
+{
+    return QFile::exists(toQString(path));
+}
+
 // Calls `take` with each entry in turn, empty ones included, until it returns true; returns whether
 // it did. A text without a separator is one entry.
 template<typename Take>
@@ -126,11 +131,12 @@ public:
 
     bool operator()(std::wstring_view entry) const
     {
-        return !surelyDiffers(entry, m_wantedWide) && identity(entry) == m_wanted &&
-               QFile::exists(toQString(entry));
+        return !surelyDiffers(entry, m_wantedWide) && hasWantedIdentity(entry) && exists(entry);
     }
 
 private:
+    bool hasWantedIdentity(std::wstring_view entry) const { return identity(entry) == m_wanted; }
+
     const QString m_wanted;
     const std::wstring m_wantedWide;
 };
@@ -155,7 +161,7 @@ std::vector<std::wstring> LoadedMenuFileList::shownNames() const
 {
     std::vector<std::wstring> names;
     findEntry(m_text, [&](std::wstring_view entry) {
-        if (QFile::exists(toQString(entry)))
+        if (exists(entry))
             names.push_back(baseName(entry));
         return false;
     });
@@ -201,9 +207,7 @@ LoadedMenuFileList::Found LoadedMenuFileList::unload(const std::wstring& path)
         return found != Found::Nothing;
     });
     if (found == Found::Removed)
-        removeIf([&matches](std::wstring_view entry) {
-            return matches(entry) || !QFile::exists(toQString(entry));
-        });
+        removeIf([&matches](std::wstring_view entry) { return matches(entry) || !exists(entry); });
     return found;
 }
 
@@ -211,6 +215,11 @@ void LoadedMenuFileList::append(const std::wstring& path)
 {
     m_text += kSeparator;
     m_text += path;
+}
+
+void LoadedMenuFileList::write(QueldConfig& store) const
+{
+    write(store, value());
 }
 
 QuelVariant LoadedMenuFileList::value() const
@@ -228,5 +237,7 @@ void LoadedMenuFileList::write(QueldConfig& store, const QuelVariant& value)
 bool isCustomizationFile(const std::wstring& path)
 {
     const QString name = toQString(path);
-    return QFile::exists(name) && name.right(kExtensionLength).toUpper() == QLatin1String("CUIX");
+    if (!QFile::exists(name))
+        return false;
+    return name.right(kExtensionLength).toUpper() == QLatin1String("CUIX");
 }

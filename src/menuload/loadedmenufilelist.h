@@ -45,7 +45,7 @@ public:
     // entry 0 has it, nothing at all is removed.
     Found unload(const std::wstring& path);
     // Stores the list. The store tells the user when it cannot, so its result is not looked at.
-    void write(QueldConfig& store) const { write(store, value()); }
+    void write(QueldConfig& store) const;
     // The same in two steps, for who changes something in between: the first takes all the memory
     // that there is to take.
     [[nodiscard]] QuelVariant value() const;

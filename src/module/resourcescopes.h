@@ -20,7 +20,7 @@ public:
     {}
     ~GlobalResourceScope()
     {
-        if (m_entered)
+        if (m_entered) // GCOVR_EXCL_BR_LINE: sanitizer
             RestorePreviousResource();
     }
     GlobalResourceScope(const GlobalResourceScope&) = delete;
@@ -41,7 +41,7 @@ public:
     {}
     ~ContextResourceScope()
     {
-        if (m_entered)
+        if (m_entered) // GCOVR_EXCL_BR_LINE: sanitizer
             m_context->leaveResourceScope(0);
     }
     ContextResourceScope(const ContextResourceScope&) = delete;

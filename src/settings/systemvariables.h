@@ -34,7 +34,7 @@ public:
             return;
         void* buffer = m_record.value.string;
         m_record.value.string = nullptr;
-        quutDelBuffer(buffer);
+        quutDelBuffer(buffer); // GCOVR_EXCL_BR_LINE: exception in an unused copy
     }
 
 private:
@@ -46,6 +46,8 @@ private:
 inline bool fileDialogsEnabled()
 {
     ResultRecord record;
+    // GCOVR_EXCL_BR_START: exception in an unused copy
     quedGetVar(SystemVariable::kFileDialogs, record.get());
+    // GCOVR_EXCL_BR_STOP
     return record.shortInteger() == 1;
 }
