@@ -96,6 +96,8 @@ std::vector<Case> loadCases(const wchar_t* command, const Files& files)
     };
     return {
         {"loads into a list with missing files", typing(files.other), run},
+        {"loads a file of an odd name", typing(files.odd), run},
+        {"odd name already loaded", typing(files.oddLoaded), run},
         {"loads into an empty list",
          [path = files.other] {
              host().setStringSetting(L"CUIX/LoadedCuix", L"");
@@ -185,6 +187,7 @@ std::vector<Case> unloadCases(const wchar_t* command, const Files& files)
              type(path);
          },
          run},
+        {"unloads a file of an odd name", typing(files.oddLoaded), run},
         {"main file", typing(files.main), run},
         {"not loaded", typing(files.other), run},
         {"no such file",
@@ -365,15 +368,15 @@ std::vector<Case> withOneDialog(std::vector<Case> cases)
 }
 
 constexpr Group kCommands[] = {
-    {"MENULOAD", [](const Files& files) { return loadCases(L"MENULOAD", files); }, 700},
+    {"MENULOAD", [](const Files& files) { return loadCases(L"MENULOAD", files); }, 350},
     {"CUILOAD", [](const Files& files) { return withOneDialog(loadCases(L"CUILOAD", files)); },
-     450},
-    {"MENUUNLOAD", [](const Files& files) { return unloadCases(L"MENUUNLOAD", files); }, 500},
+     250},
+    {"MENUUNLOAD", [](const Files& files) { return unloadCases(L"MENUUNLOAD", files); }, 220},
     {"CUIUNLOAD",
-     [](const Files& files) { return withOneDialog(unloadCases(L"CUIUNLOAD", files)); }, 400},
-    {"MENU", menuCases, 430},
-    {"CUSTOMIZE", customizeCases, 50},
-    {"REINIT", reinitCases, 210},
+     [](const Files& files) { return withOneDialog(unloadCases(L"CUIUNLOAD", files)); }, 180},
+    {"MENU", menuCases, 240},
+    {"CUSTOMIZE", customizeCases, 28},
+    {"REINIT", reinitCases, 120},
 };
 
 } // namespace

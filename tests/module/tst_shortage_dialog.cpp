@@ -270,10 +270,10 @@ void closeTheDialog()
 }
 
 constexpr Group kDialog[] = {
-    {"Life", lifeCases, 120, closeTheDialog},
-    {"Load", loadCases, 270, closeTheDialog},
-    {"Unload", unloadCases, 110, closeTheDialog},
-    {"Others", otherSlotCases, 80, closeTheDialog},
+    {"Life", lifeCases, 50, closeTheDialog},
+    {"Load", loadCases, 110, closeTheDialog},
+    {"Unload", unloadCases, 35, closeTheDialog},
+    {"Others", otherSlotCases, 35, closeTheDialog},
 };
 
 } // namespace

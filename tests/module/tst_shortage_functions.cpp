@@ -156,9 +156,9 @@ std::vector<Case> valueCases(const Files&)
 }
 
 constexpr Group kFunctions[] = {
-    {"Factories", factoryCases, 25},
-    {"Exported", exportedCases, 90},
-    {"Values", valueCases, 60},
+    {"Factories", factoryCases, 14},
+    {"Exported", exportedCases, 50},
+    {"Values", valueCases, 34},
 };
 
 } // namespace
