@@ -1,6 +1,7 @@
 #include "refhost/core/prompts.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace quelhost {
 
@@ -8,26 +9,26 @@ namespace {
 
 constexpr wchar_t kBlanks[] = L" \t";
 
-std::wstring withoutLeadingBlanks(const std::wstring& text)
+std::wstring_view withoutLeadingBlanks(std::wstring_view text)
 {
-    const std::size_t start = text.find_first_not_of(kBlanks);
-    return start == text.npos ? std::wstring() : text.substr(start);
+    return text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
 }
 
-std::wstring withoutTrailingBlanks(const std::wstring& text)
+std::wstring_view withoutTrailingBlanks(std::wstring_view text)
 {
     return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
 // Splits `line` into its first answer and the rest.
-std::pair<std::wstring, std::wstring> split(const std::wstring& line, AnswerEnd end)
+std::pair<std::wstring_view, std::wstring_view> split(std::wstring_view line, AnswerEnd end)
 {
     if (line.front() == L'"') {
         const std::size_t closing = line.find(L'"', 1);
         if (closing == line.npos)
             return {line, {}};
-        const std::wstring inside = line.substr(1, closing - 1);
-        return {inside.empty() ? L"\"\"" : inside, line.substr(closing + 1)};
+        // A pair with nothing between it is an answer itself.
+        const std::wstring_view inside = line.substr(1, closing - 1);
+        return {inside.empty() ? line.substr(0, 2) : inside, line.substr(closing + 1)};
     }
     if (end == AnswerEnd::Enter)
         return {withoutTrailingBlanks(line), {}};
@@ -46,7 +47,7 @@ Answer Prompts::ask(const LineRequest& request, AnswerEnd end)
 {
     if (m_prepared)
         return preparedAnswer(request);
-    if (!m_ahead.empty()) {
+    if (isTypedAhead()) {
         const std::wstring answer = takeAnswer(end);
         show(request, answer);
         return {Answer::Kind::Text, answer};
@@ -75,8 +76,9 @@ Answer Prompts::readAnswer(const LineRequest& request, AnswerEnd end)
         m_ended = true;
     if (line.kind != Line::Kind::Text)
         return {};
-    m_ahead = withoutLeadingBlanks(line.text);
-    if (m_ahead.empty())
+    m_ahead = line.text;
+    m_taken = m_ahead.size() - withoutLeadingBlanks(m_ahead).size();
+    if (!isTypedAhead())
         return {Answer::Kind::Empty, {}};
     return {Answer::Kind::Text, takeAnswer(end)};
 }
@@ -91,11 +93,17 @@ Answer Prompts::preparedAnswer(const LineRequest& request)
     return answer;
 }
 
+std::wstring Prompts::takeTypedAhead()
+{
+    return std::exchange(m_ahead, {}).substr(std::exchange(m_taken, 0));
+}
+
+// The line stays as it is, so that one with very many answers costs no more than its length.
 std::wstring Prompts::takeAnswer(AnswerEnd end)
 {
-    auto [answer, rest] = split(m_ahead, end);
-    m_ahead = withoutLeadingBlanks(rest);
-    return answer;
+    const auto [answer, rest] = split(std::wstring_view(m_ahead).substr(m_taken), end);
+    m_taken = m_ahead.size() - withoutLeadingBlanks(rest).size();
+    return std::wstring(answer);
 }
 
 void Prompts::show(const LineRequest& request, const std::wstring& answer)

@@ -50,10 +50,10 @@ public:
     void end()
     {
         m_ended = true;
-        m_ahead.clear();
+        static_cast<void>(takeTypedAhead());
     }
     // The rest of the current line, taken as it stands; empty when nothing was typed ahead.
-    [[nodiscard]] std::wstring takeTypedAhead() { return std::exchange(m_ahead, {}); }
+    [[nodiscard]] std::wstring takeTypedAhead();
 
     // While it lives, prompts are answered with the given texts, whole, and cancelled when these
     // are used up: a call that has to do without the user.
@@ -72,13 +72,15 @@ public:
 
 private:
     [[nodiscard]] Answer readAnswer(const LineRequest& request, AnswerEnd end);
+    [[nodiscard]] bool isTypedAhead() const { return m_taken < m_ahead.size(); }
     [[nodiscard]] Answer preparedAnswer(const LineRequest& request);
     [[nodiscard]] std::wstring takeAnswer(AnswerEnd end);
     void show(const LineRequest& request, const std::wstring& answer);
 
     LineSource& m_source;
     Output& m_output;
-    std::wstring m_ahead; // never only blanks
+    std::wstring m_ahead;    // the line that was typed last
+    std::size_t m_taken = 0; // how much of it is used up; what follows is never only blanks
     std::optional<std::deque<std::wstring>> m_prepared;
     bool m_ended = false;
 };

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -139,4 +140,26 @@ TEST(PromptAnswers, APromptNeverBeginsBehindAMessage)
     output.write(L"another");
     EXPECT_EQ(prompts.ask(prompt(L"2: "), kBlank).text, L"b");
     EXPECT_EQ(output.text(), "a message\n1: a b\nanother\n2: b\n");
+}
+
+// Each answer used to copy the rest of the line.
+TEST(PromptAnswers, ManyOnOneLineCostLittleMoreThanOneOnEach)
+{
+    constexpr int kAnswers = 30000;
+    std::wstring line;
+    for (int i = 0; i < kAnswers; ++i)
+        line += L"a ";
+    const auto secondsOf = [](const std::wstring& typed, int lines) {
+        CollectedOutput output;
+        ScriptedLines source(output, {});
+        for (int i = 0; i < lines; ++i)
+            source.add(typed);
+        Prompts prompts(source, output);
+        const auto start = std::chrono::steady_clock::now();
+        for (int i = 0; i < kAnswers; ++i)
+            EXPECT_EQ(prompts.ask(prompt(L"?"), kBlank).text, L"a");
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    const double onEach = secondsOf(L"a", kAnswers);
+    EXPECT_LT(secondsOf(line, 1), 10 * onEach);
 }
