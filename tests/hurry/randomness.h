@@ -1,0 +1,95 @@
+// Chance that can be repeated, and how much of it a test takes.
+#pragma once
+
+#include <cstdint>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace hurry {
+
+class Random
+{
+public:
+    explicit Random(unsigned int seed)
+        : m_engine(seed)
+    {}
+
+    // 0 up to, and without, `end`.
+    [[nodiscard]] std::size_t below(std::size_t end)
+    {
+        return static_cast<std::size_t>(m_engine()) % end;
+    }
+    // True `times` out of a hundred.
+    [[nodiscard]] bool percent(std::size_t times) { return below(100) < times; }
+    template<class List>
+    [[nodiscard]] const auto& of(const List& list)
+    {
+        return list[below(std::size(list))];
+    }
+
+private:
+    std::mt19937 m_engine;
+};
+
+inline unsigned int numberFrom(const char* variable, unsigned int otherwise)
+{
+    const char* const wanted = std::getenv(variable);
+    return wanted == nullptr ? otherwise : static_cast<unsigned int>(std::atol(wanted));
+}
+
+// The seed that QUELHOST_TEST_SEED names, else another one each time.
+inline unsigned int seedOfTest()
+{
+    return numberFrom("QUELHOST_TEST_SEED", std::random_device()());
+}
+
+// How often: QUELHOST_TEST_ROUNDS, else the short form.
+inline unsigned int roundsOfTest(unsigned int shortForm)
+{
+    return numberFrom("QUELHOST_TEST_ROUNDS", shortForm);
+}
+
+// What was done last, for who has to find out why a random test failed.
+class LastDone
+{
+public:
+    void add(const std::string& what)
+    {
+        m_all.push_back(shortened(what));
+        if (m_all.size() > 2 * kMost)
+            m_all.erase(m_all.begin(), m_all.begin() + kMost);
+    }
+    [[nodiscard]] std::string text() const
+    {
+        std::string rows;
+        for (std::size_t i = m_all.size() > kMost ? m_all.size() - kMost : 0; i < m_all.size(); ++i)
+            rows += "  " + m_all[i] + '\n';
+        return rows;
+    }
+
+private:
+    static constexpr std::ptrdiff_t kMost = 50;
+
+    // What is no printable ASCII is shown by its number; of a long line the beginning.
+    static std::string shortened(const std::string& what)
+    {
+        constexpr std::size_t kLongest = 200;
+        constexpr char kDigits[] = "0123456789ABCDEF";
+        std::string shown;
+        for (const char byte : what.substr(0, kLongest)) {
+            const auto number = static_cast<unsigned char>(byte);
+            if (number >= 0x20 && number < 0x7F)
+                shown += byte;
+            else
+                shown += std::string("\\x") + kDigits[number / 16] + kDigits[number % 16];
+        }
+        const std::size_t more = what.size() - std::min(what.size(), kLongest);
+        return more == 0 ? shown : shown + "... and " + std::to_string(more) + " bytes";
+    }
+
+    std::vector<std::string> m_all;
+};
+
+} // namespace hurry

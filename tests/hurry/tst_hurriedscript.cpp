@@ -1,0 +1,225 @@
+// The whole program under the lines of a person in a hurry: each command ends as the model says,
+// and list and groups are the model's after each batch.
+#include "refhost/core/widetext.h"
+#include "tests/hurry/runningprogram.h"
+#include "tests/hurry/world.h"
+#include "tests/support/programrun.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+using namespace hurry;
+using quelhost::toUtf8;
+
+namespace {
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+// The values of a listing's rows that begin like that.
+std::wstring storedList(const QByteArray& listing)
+{
+    const QByteArray start = "CUIX/LoadedCuix\tstring\t";
+    for (const QByteArray& row : listing.split('\n')) {
+        if (row.startsWith(start))
+            return quelhost::fromUtf8(row.mid(start.size()).toStdString());
+    }
+    return L"(none)";
+}
+
+// What GROUPS lists: groups with their files, and files whose groups are not shown.
+struct Listed
+{
+    std::string groups;
+    std::string others;
+};
+
+// A row without what stands in brackets behind its path.
+std::string withoutMarks(const QByteArray& row)
+{
+    return row.left(row.endsWith(')') ? row.lastIndexOf("  (") : row.size())
+        .trimmed()
+        .toStdString();
+}
+
+Listed listedIn(const QByteArray& said)
+{
+    const QByteArray head = "Command: GROUPS\n";
+    const int begin = said.indexOf(head) + head.size();
+    const QByteArray rows = said.mid(begin, said.indexOf("Command: SETTINGS", begin) - begin);
+    Listed listed;
+    bool isShown = true;
+    QByteArray group;
+    for (const QByteArray& row : rows.split('\n')) {
+        if (!row.startsWith("    ")) {
+            group = row.split(' ').front();
+            isShown = !row.startsWith("Listed, but not shown:");
+        } else if (!isShown) {
+            listed.others += withoutMarks(row) + '\n';
+        } else if (row.startsWith("    file      ")) {
+            listed.groups += group.toStdString() + " of " + withoutMarks(row.mid(14)) + '\n';
+        }
+    }
+    return listed;
+}
+
+Listed expectedOf(const ListModel& model)
+{
+    Listed listed;
+    for (const ListModel::Shown& shown : model.shown())
+        listed.groups += toUtf8(shown.group + L" of " + shown.path) + '\n';
+    for (const std::wstring& path : model.notShown())
+        listed.others += toUtf8(path) + '\n';
+    return listed;
+}
+
+class HurriedScript : public testing::TestWithParam<Typist>
+{
+protected:
+    void start()
+    {
+        QStringList arguments{
+            text("--profile"), world.profile(), text("--lang"),         text("en"),
+            text("--script"),  text("-"),       text("--report-status")};
+        if (GetParam() == Typist::Person)
+            arguments << text("--interactive-input");
+        program = std::make_unique<RunningProgram>(arguments, world.workFolder());
+    }
+
+    // Types some lines at once; returns how many. The last lets the program end, if it is to.
+    std::size_t typeBatch(std::size_t most, Avoid avoid = Avoid::Nothing)
+    {
+        QByteArray bytes;
+        std::size_t lines = 0;
+        while (lines < most && !world.model.hasEnded()) {
+            bytes += QByteArray::fromStdString(world.nextLine(avoid)) + '\n';
+            ++lines;
+        }
+        program->write(bytes);
+        return lines;
+    }
+
+    // Cancels what is asked and lets everything be listed.
+    [[nodiscard]] QByteArray list()
+    {
+        const QByteArray mark = "mark" + QByteArray::number(++m_marks);
+        for (const QByteArray& line : {QByteArray("^C"), QByteArray("GROUPS"),
+                                       QByteArray("SETTINGS CUIX/LoadedCuix"), "ECHO " + mark}) {
+            world.feed(line.toStdString());
+            program->write(line + '\n');
+        }
+        return program->readUntil('\n' + mark + '\n');
+    }
+
+    [[nodiscard]] std::wstring storedBeside() const
+    {
+        ProgramRun run;
+        run.arguments = QStringList{text("--profile"), world.profile(), text("--list-settings")};
+        run.environment = {{text("ASAN_OPTIONS"), text("detect_leaks=0")}};
+        return storedList(run.run().output.toUtf8());
+    }
+
+    // What commands ended with: the program's, up to those of the model.
+    void expectStatuses()
+    {
+        const std::vector<std::string> expected = world.model.takeStatuses();
+        const std::vector<std::string> got = program->takeDiagnostics(expected.size());
+        const auto [left, right] =
+            std::mismatch(expected.begin(), expected.end(), got.begin(), got.end());
+        ASSERT_TRUE(left == expected.end() && right == got.end())
+            << "status " << left - expected.begin() << " of " << expected.size() << " and "
+            << got.size() << ": expected " << (left == expected.end() ? "none" : *left) << ", got "
+            << (right == got.end() ? "none" : *right) << "; " << world.story();
+    }
+
+    void expectListed(const QByteArray& said)
+    {
+        ASSERT_FALSE(said.isEmpty()) << "no answer: " << program->end() << "; " << world.story();
+        ASSERT_NO_FATAL_FAILURE(expectStatuses());
+        const ListModel& model = world.model.list();
+        const int settings = said.lastIndexOf("Command: SETTINGS");
+        ASSERT_EQ(toUtf8(storedList(said.mid(settings))), toUtf8(model.text())) << world.story();
+        const Listed listed = listedIn(said.mid(said.lastIndexOf("Command: GROUPS")));
+        ASSERT_EQ(listed.groups, expectedOf(model).groups) << world.story();
+        ASSERT_EQ(listed.others, expectedOf(model).others) << world.story();
+    }
+
+    World world{GetParam()};
+    std::unique_ptr<RunningProgram> program;
+
+private:
+    int m_marks = 0;
+};
+
+} // namespace
+
+TEST_P(HurriedScript, EndsEachCommandAndKeepsTheListAsItMust)
+{
+    constexpr std::size_t kMostAtOnce = 60;
+    constexpr std::size_t kBetweenListings = 500;
+    const std::size_t all = roundsOfTest(1500);
+    std::size_t typed = 0;
+    std::size_t listedAt = 0;
+    while (typed < all) {
+        if (!program) {
+            start();
+            ASSERT_NO_FATAL_FAILURE(expectListed(list()));
+        }
+        world.changeFiles();
+        typed += typeBatch(std::min(all - typed, 1 + world.random.below(kMostAtOnce)));
+        if (world.model.hasEnded()) {
+            ASSERT_EQ(program->end(), "") << world.story();
+            ASSERT_NO_FATAL_FAILURE(expectStatuses());
+            program.reset();
+            ASSERT_EQ(world.restart(storedBeside()), "") << world.story();
+            continue;
+        }
+        ASSERT_NO_FATAL_FAILURE(expectListed(list()));
+        if (typed - listedAt >= kBetweenListings) {
+            ASSERT_EQ(toUtf8(storedBeside()), toUtf8(world.model.list().text())) << world.story();
+            listedAt = typed;
+        }
+    }
+    if (program) {
+        world.model.end();
+        ASSERT_EQ(program->end(), "") << world.story();
+        ASSERT_NO_FATAL_FAILURE(expectStatuses());
+    }
+    EXPECT_EQ(toUtf8(storedBeside()), toUtf8(world.model.list().text())) << world.story();
+}
+
+TEST_P(HurriedScript, LeavesMemoryAsItWas)
+{
+    const std::size_t all = roundsOfTest(2500);
+    const std::size_t warm = all / 5;
+    long memoryThen = 0;
+    start();
+    for (std::size_t typed = 0; typed < all;) {
+        if (memoryThen == 0 && typed >= warm)
+            memoryThen = program->ownMemory();
+        world.changeFiles();
+        typed += typeBatch(std::min<std::size_t>(all - typed, 100), Avoid::TheEnd);
+        ASSERT_FALSE(list().isEmpty()) << world.story();
+        static_cast<void>(program->takeDiagnostics(0));
+    }
+    const long memory = program->ownMemory();
+    RecordProperty("memoryThen", static_cast<int>(memoryThen));
+    RecordProperty("memory", static_cast<int>(memory));
+    EXPECT_GT(memoryThen, 0);
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    // What the longest lines and listings took for a while, and a few bytes for each line.
+    constexpr long kPassing = 4096;
+    constexpr std::size_t kLinesForOne = 100;
+    EXPECT_LT(memory, memoryThen + kPassing + static_cast<long>(all / kLinesForOne));
+#endif
+    EXPECT_EQ(program->end(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Typists, HurriedScript, testing::Values(Typist::Script, Typist::Person),
+                         [](const auto& row) {
+                             return row.param == Typist::Script ? "AsAScript" : "AsAPerson";
+                         });

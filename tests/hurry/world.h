@@ -1,0 +1,62 @@
+// A profile, files and a conversation for a random driver, with the model of all of it.
+#pragma once
+
+#include "tests/hurry/consolemodel.h"
+#include "tests/hurry/randomlines.h"
+#include "tests/hurry/randomness.h"
+#include "tests/hurry/scratchfiles.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <string>
+
+namespace hurry {
+
+enum class Typist { Person, Script };
+enum class Avoid { Nothing, Dialogs, TheEnd };
+
+class World
+{
+public:
+    explicit World(Typist typist);
+    ~World();
+
+    // Changes a few files, the alias file among them.
+    void changeFiles();
+    // A line that the model has read. It leads to nothing that is to be avoided.
+    [[nodiscard]] std::string nextLine(Avoid avoid = Avoid::Nothing);
+    // Lets the model read a line.
+    void feed(const std::string& line);
+    // The program is started again. It puts the main file back and makes it entry 0, where that was
+    // lost; returns what is wrong with the list that it found so, or nothing.
+    [[nodiscard]] std::string restart(const std::wstring& found);
+
+    [[nodiscard]] QString profile() const;
+    [[nodiscard]] QString workFolder() const;
+    // What to know of a failure.
+    [[nodiscard]] std::string story() const;
+
+private:
+    [[nodiscard]] std::string path(const char* name) const;
+    [[nodiscard]] ListModel listModel(std::wstring text) const;
+    void writeAliases(const AliasTable& aliases);
+
+    const unsigned int m_seed = seedOfTest();
+    QTemporaryDir m_folder;
+
+public:
+    Random random{m_seed};
+    ScratchFiles files;
+    RandomLines lines{random, files};
+    ConsoleModel model;
+    LastDone done;
+};
+
+// What a line of a script says; nothing where it cancels.
+[[nodiscard]] std::optional<std::wstring> textOf(const std::string& line);
+
+// A place for files that takes no time to keep them, where there is one.
+[[nodiscard]] QString quickPlace();
+
+} // namespace hurry
