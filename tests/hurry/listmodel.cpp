@@ -110,6 +110,12 @@ ListModel::Outcome ListModel::unload(const std::wstring& path)
     return Outcome::Done;
 }
 
+void ListModel::follow(std::wstring text)
+{
+    m_text = std::move(text);
+    refresh();
+}
+
 std::vector<std::wstring> ListModel::notShown() const
 {
     std::vector<std::wstring> others;

@@ -36,6 +36,9 @@ public:
     Outcome load(const std::wstring& path);
     Outcome unload(const std::wstring& path);
 
+    // Somebody else changed the list, and its groups are shown.
+    void follow(std::wstring text);
+
     [[nodiscard]] const std::wstring& text() const { return m_text; }
     [[nodiscard]] const std::vector<Shown>& shown() const { return m_shown; }
     // The entries whose groups are not shown.

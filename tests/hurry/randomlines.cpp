@@ -44,7 +44,7 @@ std::string RandomLines::next(Prompt prompt)
 std::string RandomLines::nextTyped(Prompt prompt)
 {
     std::string text = line(prompt);
-    const auto isNoKey = [](char byte) { return byte < 0x20 || byte == 0x7F; };
+    const auto isNoKey = [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; };
     text.erase(std::remove_if(text.begin(), text.end(), isNoKey), text.end());
     constexpr std::size_t kMost = 300;
     return text.substr(0, kMost);

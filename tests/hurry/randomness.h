@@ -1,8 +1,9 @@
 // Chance that can be repeated, and how much of it a test takes.
 #pragma once
 
-#include <cstdint>
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <random>
 #include <string>
 #include <vector>
@@ -26,7 +27,8 @@ public:
     template<class List>
     [[nodiscard]] const auto& of(const List& list)
     {
-        return list[below(std::size(list))];
+        const std::size_t place = below(static_cast<std::size_t>(std::size(list)));
+        return *(std::begin(list) + static_cast<std::ptrdiff_t>(place));
     }
 
 private:

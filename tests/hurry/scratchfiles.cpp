@@ -114,17 +114,22 @@ void ScratchFiles::remove(const std::string& name) const
     std::filesystem::remove(joined(m_folder, name), error);
 }
 
-std::string ScratchFiles::change(Random& random)
+std::string ScratchFiles::changeMainFile(Random& random)
 {
-    // The main file goes seldom and comes back soon.
-    if (!std::filesystem::exists(mainFile()) && random.percent(50)) {
-        std::ofstream(mainFile(), std::ios::binary) << m_contents.front();
-        return "(the main file is there again)";
-    }
-    if (random.below(1000) == 0) {
+    if (std::filesystem::exists(mainFile())) {
+        if (random.below(1000) > 0)
+            return {};
         std::filesystem::remove(mainFile());
         return "(the main file goes)";
     }
+    if (random.percent(50))
+        return {};
+    std::ofstream(mainFile(), std::ios::binary) << m_contents.front();
+    return "(the main file is there again)";
+}
+
+std::string ScratchFiles::change(Random& random)
+{
     const std::string& name = random.of(m_names);
     const std::string whole = joined(m_folder, name);
     switch (random.below(20)) {

@@ -26,6 +26,8 @@ public:
 
     // Puts some files there, changes or removes some. Says what it did.
     std::string change(Random& random);
+    // The main file goes seldom and comes back soon. Says what it did, if it did anything.
+    std::string changeMainFile(Random& random);
 
     // A name of a file that may be there, absolute or from the folder, spelled in one of many ways.
     [[nodiscard]] std::string path(Random& random) const;

@@ -3,7 +3,6 @@
 #include "refhost/core/widetext.h"
 #include "tests/hurry/runningprogram.h"
 #include "tests/hurry/world.h"
-#include "tests/support/programrun.h"
 
 #include <gtest/gtest.h>
 
@@ -18,17 +17,6 @@ namespace {
 QString text(const char* utf8)
 {
     return QString::fromUtf8(utf8);
-}
-
-// The values of a listing's rows that begin like that.
-std::wstring storedList(const QByteArray& listing)
-{
-    const QByteArray start = "CUIX/LoadedCuix\tstring\t";
-    for (const QByteArray& row : listing.split('\n')) {
-        if (row.startsWith(start))
-            return quelhost::fromUtf8(row.mid(start.size()).toStdString());
-    }
-    return L"(none)";
 }
 
 // What GROUPS lists: groups with their files, and files whose groups are not shown.
@@ -88,6 +76,10 @@ protected:
         if (GetParam() == Typist::Person)
             arguments << text("--interactive-input");
         program = std::make_unique<RunningProgram>(arguments, world.workFolder());
+        program->write("ECHO begun\n");
+        ASSERT_FALSE(program->readUntil("\nbegun\n").isEmpty()) << world.story();
+        static_cast<void>(program->takeDiagnostics(1));
+        ASSERT_EQ(world.restart(world.storedList()), "") << world.story();
     }
 
     // Types some lines at once; returns how many. The last lets the program end, if it is to.
@@ -115,14 +107,6 @@ protected:
         return program->readUntil('\n' + mark + '\n');
     }
 
-    [[nodiscard]] std::wstring storedBeside() const
-    {
-        ProgramRun run;
-        run.arguments = QStringList{text("--profile"), world.profile(), text("--list-settings")};
-        run.environment = {{text("ASAN_OPTIONS"), text("detect_leaks=0")}};
-        return storedList(run.run().output.toUtf8());
-    }
-
     // What commands ended with: the program's, up to those of the model.
     void expectStatuses()
     {
@@ -142,7 +126,7 @@ protected:
         ASSERT_NO_FATAL_FAILURE(expectStatuses());
         const ListModel& model = world.model.list();
         const int settings = said.lastIndexOf("Command: SETTINGS");
-        ASSERT_EQ(toUtf8(storedList(said.mid(settings))), toUtf8(model.text())) << world.story();
+        ASSERT_EQ(toUtf8(listIn(said.mid(settings))), toUtf8(model.text())) << world.story();
         const Listed listed = listedIn(said.mid(said.lastIndexOf("Command: GROUPS")));
         ASSERT_EQ(listed.groups, expectedOf(model).groups) << world.story();
         ASSERT_EQ(listed.others, expectedOf(model).others) << world.story();
@@ -166,7 +150,7 @@ TEST_P(HurriedScript, EndsEachCommandAndKeepsTheListAsItMust)
     std::size_t listedAt = 0;
     while (typed < all) {
         if (!program) {
-            start();
+            ASSERT_NO_FATAL_FAILURE(start());
             ASSERT_NO_FATAL_FAILURE(expectListed(list()));
         }
         world.changeFiles();
@@ -175,12 +159,14 @@ TEST_P(HurriedScript, EndsEachCommandAndKeepsTheListAsItMust)
             ASSERT_EQ(program->end(), "") << world.story();
             ASSERT_NO_FATAL_FAILURE(expectStatuses());
             program.reset();
-            ASSERT_EQ(world.restart(storedBeside()), "") << world.story();
+            ASSERT_EQ(toUtf8(world.storedList()), toUtf8(world.model.list().text()))
+                << world.story();
             continue;
         }
         ASSERT_NO_FATAL_FAILURE(expectListed(list()));
         if (typed - listedAt >= kBetweenListings) {
-            ASSERT_EQ(toUtf8(storedBeside()), toUtf8(world.model.list().text())) << world.story();
+            ASSERT_EQ(toUtf8(world.storedList()), toUtf8(world.model.list().text()))
+                << world.story();
             listedAt = typed;
         }
     }
@@ -189,7 +175,7 @@ TEST_P(HurriedScript, EndsEachCommandAndKeepsTheListAsItMust)
         ASSERT_EQ(program->end(), "") << world.story();
         ASSERT_NO_FATAL_FAILURE(expectStatuses());
     }
-    EXPECT_EQ(toUtf8(storedBeside()), toUtf8(world.model.list().text())) << world.story();
+    EXPECT_EQ(toUtf8(world.storedList()), toUtf8(world.model.list().text())) << world.story();
 }
 
 TEST_P(HurriedScript, LeavesMemoryAsItWas)
@@ -197,7 +183,7 @@ TEST_P(HurriedScript, LeavesMemoryAsItWas)
     const std::size_t all = roundsOfTest(2500);
     const std::size_t warm = all / 5;
     long memoryThen = 0;
-    start();
+    ASSERT_NO_FATAL_FAILURE(start());
     for (std::size_t typed = 0; typed < all;) {
         if (memoryThen == 0 && typed >= warm)
             memoryThen = program->ownMemory();

@@ -1,6 +1,7 @@
 #include "tests/hurry/world.h"
 
 #include "refhost/core/widetext.h"
+#include "tests/support/programrun.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,6 +39,16 @@ std::optional<std::wstring> textOf(const std::string& line)
     const std::size_t end = text.find_last_not_of(L" \t") + 1;
     const bool cancels = begin != text.npos && text.substr(begin, end - begin) == L"^C";
     return cancels ? std::nullopt : std::optional(text);
+}
+
+std::wstring listIn(const QByteArray& listing)
+{
+    const QByteArray start = "CUIX/LoadedCuix\tstring\t";
+    for (const QByteArray& row : listing.split('\n')) {
+        if (row.startsWith(start))
+            return quelhost::fromUtf8(row.mid(start.size()).toStdString());
+    }
+    return L"(none)";
 }
 
 QString quickPlace()
@@ -98,6 +109,8 @@ void World::changeFiles()
 {
     for (std::size_t changes = random.below(4); changes > 0; --changes)
         done.add(files.change(random));
+    if (const std::string change = files.changeMainFile(random); !change.empty())
+        done.add(change);
     if (random.percent(5)) {
         writeAliases(lines.aliases());
         done.add("(other aliases)");
@@ -150,6 +163,14 @@ std::string World::restart(const std::wstring& found)
         ++place;
     }
     return {};
+}
+
+std::wstring World::storedList() const
+{
+    ProgramRun run;
+    run.arguments =
+        QStringList{QStringLiteral("--profile"), profile(), QStringLiteral("--list-settings")};
+    return listIn(run.run().output.toUtf8());
 }
 
 std::string World::story() const

@@ -32,6 +32,9 @@ public:
     // lost; returns what is wrong with the list that it found so, or nothing.
     [[nodiscard]] std::string restart(const std::wstring& found);
 
+    // What the profile stores, as another process reads it.
+    [[nodiscard]] std::wstring storedList() const;
+
     [[nodiscard]] QString profile() const;
     [[nodiscard]] QString workFolder() const;
     // What to know of a failure.
@@ -55,6 +58,9 @@ public:
 
 // What a line of a script says; nothing where it cancels.
 [[nodiscard]] std::optional<std::wstring> textOf(const std::string& line);
+
+// The value of the list among the rows of a listing of settings.
+[[nodiscard]] std::wstring listIn(const QByteArray& listing);
 
 // A place for files that takes no time to keep them, where there is one.
 [[nodiscard]] QString quickPlace();

@@ -1,0 +1,344 @@
+#include "tests/window/randomuser.h"
+
+#include "refhost/window/mainwindow.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QUrl>
+#include <QWheelEvent>
+#include <QWindow>
+#include <QtTest/QTest>
+
+#include <array>
+#include <utility>
+
+using hurry::ConsoleModel;
+using quelhost::MainWindow;
+
+namespace windowtest {
+
+namespace {
+
+constexpr std::array kKeys = {
+    Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,   Qt::Key_Backtab,   Qt::Key_Up,  Qt::Key_Down,
+    Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Home,  Qt::Key_End,       Qt::Key_F2,  Qt::Key_F10,
+    Qt::Key_PageUp, Qt::Key_Space,  Qt::Key_Enter, Qt::Key_Backspace, Qt::Key_Alt, Qt::Key_Menu,
+    Qt::Key_M,      Qt::Key_P,      Qt::Key_L,     Qt::Key_A,         Qt::Key_C,   Qt::Key_Delete};
+constexpr std::array kModifiers = {Qt::KeyboardModifier::NoModifier,
+                                   Qt::KeyboardModifier::NoModifier,
+                                   Qt::KeyboardModifier::NoModifier,
+                                   Qt::ShiftModifier,
+                                   Qt::ControlModifier,
+                                   Qt::AltModifier};
+
+MainWindow* shownWindow()
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* const window = qobject_cast<MainWindow*>(widget);
+        if (window != nullptr && window->isVisible())
+            return window;
+    }
+    return nullptr;
+}
+
+// The parts of a window that can be seen, itself included.
+QList<QWidget*> partsOf(QWidget& window)
+{
+    QList<QWidget*> parts{&window};
+    for (QWidget* part : window.findChildren<QWidget*>()) {
+        if (part->isVisible() && part->window() == window.window() && !part->size().isEmpty())
+            parts << part;
+    }
+    return parts;
+}
+
+// What the window asks for now.
+ConsoleModel::Prompt promptOf(const MainWindow& window)
+{
+    using Prompt = ConsoleModel::Prompt;
+    const QString prompt = window.findChild<QLabel*>(QStringLiteral("prompt"))->text();
+    constexpr std::array<std::pair<const char*, Prompt>, 6> kBeginnings = {
+        {{"Enter name of menu file", Prompt::Load},
+         {"Enter the name", Prompt::Unload},
+         {"Enter customization", Prompt::Menu},
+         {"Customize", Prompt::Editor},
+         {"Name of", Prompt::SetName},
+         {"New value", Prompt::SetValue}}};
+    for (const auto& [beginning, kind] : kBeginnings) {
+        if (prompt.startsWith(QLatin1String(beginning)))
+            return kind;
+    }
+    return Prompt::Command;
+}
+
+bool isAsking(const MainWindow& window)
+{
+    return window.findChild<QLineEdit*>(QStringLiteral("line"))->isEnabled();
+}
+
+} // namespace
+
+RandomUser::RandomUser(hurry::World& world, unsigned int events, Look look)
+    : m_world(world)
+    , m_left(events)
+    , m_look(std::move(look))
+{
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        // A timer does not run again while it is at work, and what is done may run a loop.
+        m_timer.stop();
+        QMetaObject::invokeMethod(
+            this, [this] { act(); }, Qt::QueuedConnection);
+    });
+}
+
+void RandomUser::use(const std::function<void()>& session)
+{
+    goOn();
+    session();
+    m_timer.stop();
+}
+
+void RandomUser::goOn()
+{
+    m_timer.start(0);
+}
+
+void RandomUser::act()
+{
+    goOn();
+    MainWindow* const window = shownWindow();
+    if (window == nullptr)
+        return;
+    if (m_left == 0 || !m_problem.empty())
+        return leave();
+    QWidget* const popup = QApplication::activePopupWidget();
+    QWidget* const dialog = QApplication::activeModalWidget();
+    if (popup == nullptr && dialog == nullptr && !isAsking(*window))
+        return; // a command is at work
+    --m_left;
+    if (const QWidget* const front = popup != nullptr ? popup : dialog)
+        ++m_seen[front->metaObject()->className() + (' ' + front->objectName().toStdString())];
+    if (popup != nullptr)
+        inPopup(*popup);
+    else if (auto* const files = qobject_cast<QFileDialog*>(dialog))
+        inFileDialog(*files);
+    else if (dialog != nullptr)
+        inDialog(*dialog);
+    else
+        atPrompt(*window);
+}
+
+// Closes what is in front; at last the window, whatever is asked there.
+void RandomUser::leave()
+{
+    if (QWidget* const popup = QApplication::activePopupWidget())
+        popup->close();
+    else if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+        dialog->reject();
+    else if (MainWindow* const window = shownWindow(); isAsking(*window))
+        window->close();
+}
+
+void RandomUser::atPrompt(MainWindow& window)
+{
+    m_problem = m_look(window);
+    hurry::Random& random = m_world.random;
+    const std::size_t kind = random.below(1000);
+    if (kind < 300)
+        typeLine(window);
+    else if (kind < 500)
+        clickAnywhere(window);
+    else if (kind < 700)
+        pressAnyKey(window);
+    else if (kind < 760)
+        pressAccelerator(window);
+    else if (kind < 800)
+        press(window, Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
+    else if (kind < 860)
+        dropFiles(window);
+    else if (kind < 900)
+        turnWheel(window);
+    else if (kind < 940)
+        window.resize(300 + static_cast<int>(random.below(900)),
+                      200 + static_cast<int>(random.below(700)));
+    else if (kind < 997)
+        note(m_world.files.change(random));
+    else
+        window.close();
+}
+
+void RandomUser::inPopup(QWidget& popup)
+{
+    const std::size_t kind = m_world.random.below(10);
+    if (kind < 4)
+        pressAnyKey(popup);
+    else if (kind < 8)
+        clickAnywhere(popup);
+    else if (kind < 9)
+        press(popup, Qt::Key_Return);
+    else
+        press(popup, Qt::Key_Escape);
+}
+
+void RandomUser::inDialog(QWidget& dialog)
+{
+    hurry::Random& random = m_world.random;
+    const auto lines = dialog.findChildren<QLineEdit*>();
+    const auto buttons = dialog.findChildren<QAbstractButton*>();
+    const std::size_t kind = random.below(20);
+    if (kind < 5 && !lines.isEmpty()) {
+        QLineEdit& line = *random.of(lines);
+        const QString path = QString::fromStdString(m_world.files.loadablePath(random));
+        line.setFocus();
+        line.setText(path.contains(QLatin1Char(';')) ? QString() : path);
+        note("(in a field: " + path.toStdString() + ")");
+    } else if (kind < 11 && !buttons.isEmpty()) {
+        QAbstractButton& button = *random.of(buttons);
+        note("(button " + button.text().toStdString() + ")");
+        press(dialog, Qt::Key_Tab);
+        button.setFocus();
+        press(dialog, Qt::Key_Space);
+    } else if (kind < 16) {
+        clickAnywhere(dialog);
+    } else if (kind < 18) {
+        pressAnyKey(dialog);
+    } else if (kind == 18) {
+        press(dialog, Qt::Key_Escape);
+    } else if (QWidget* const window = shownWindow()) {
+        clickAnywhere(*window); // which waits behind it
+    }
+}
+
+// Nothing on the disk is to be renamed or deleted.
+void RandomUser::inFileDialog(QFileDialog& dialog)
+{
+    dialog.setOption(QFileDialog::ReadOnly);
+    hurry::Random& random = m_world.random;
+    auto* const name = dialog.findChild<QLineEdit*>();
+    if (random.percent(60) && name != nullptr) {
+        const QString path = QString::fromStdString(m_world.files.loadablePath(random));
+        if (path.contains(QLatin1Char(';')))
+            return;
+        note("(file dialog: " + path.toStdString() + ")");
+        name->setFocus();
+        name->setText(path);
+        press(dialog, Qt::Key_Return);
+    } else {
+        press(dialog, random.percent(70) ? Qt::Key_Escape : Qt::Key_Tab);
+    }
+}
+
+void RandomUser::typeLine(MainWindow& window)
+{
+    const QString line = QString::fromStdString(m_world.lines.nextTyped(promptOf(window)));
+    // A file with a semicolon in its name is two entries of the list.
+    if (line.contains(QLatin1String("it;s")))
+        return;
+    window.findChild<QLineEdit*>(QStringLiteral("line"))->setFocus();
+    press(window, Qt::Key_unknown, {}, line);
+    if (m_world.random.percent(90))
+        press(window, Qt::Key_Return);
+}
+
+void RandomUser::pressAccelerator(MainWindow& window)
+{
+    QList<QKeySequence> keys;
+    for (const QAction* action : window.findChildren<QAction*>())
+        keys << action->shortcuts();
+    if (keys.isEmpty())
+        return;
+    const QKeySequence& chosen = m_world.random.of(keys);
+    note("accelerator " + chosen.toString().toStdString());
+    for (int i = 0; i < chosen.count(); ++i)
+        press(window, chosen[static_cast<uint>(i)] & ~Qt::KeyboardModifierMask,
+              Qt::KeyboardModifiers(chosen[static_cast<uint>(i)] & Qt::KeyboardModifierMask));
+}
+
+void RandomUser::dropFiles(MainWindow& window)
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    std::string names;
+    for (std::size_t count = 1 + m_world.random.below(3); count > 0; --count) {
+        const std::string path = m_world.files.path(m_world.random);
+        if (path.find(';') != path.npos)
+            continue;
+        const QString absolute =
+            QDir(m_world.workFolder()).absoluteFilePath(QString::fromStdString(path));
+        urls << QUrl::fromLocalFile(absolute);
+        names += ' ' + path;
+    }
+    note("dropped:" + names);
+    data.setUrls(urls);
+    QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    if (!enter.isAccepted())
+        return;
+    QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &drop);
+}
+
+void RandomUser::turnWheel(MainWindow& window)
+{
+    const QList<QWidget*> parts = partsOf(window);
+    QWidget& part = *m_world.random.of(parts);
+    const QPointF at(part.width() / 2.0, part.height() / 2.0);
+    QWheelEvent turned(at, part.mapToGlobal(at.toPoint()), QPoint(), QPoint(0, 120), Qt::NoButton,
+                       Qt::NoModifier, Qt::NoScrollPhase, false);
+    note(std::string("wheel over ") + part.metaObject()->className());
+    QApplication::sendEvent(&part, &turned);
+}
+
+void RandomUser::pressAnyKey(QWidget& window)
+{
+    const Qt::Key key = m_world.random.of(kKeys);
+    const Qt::KeyboardModifiers modifiers = m_world.random.of(kModifiers);
+    const bool isLetter = key >= Qt::Key_A && key <= Qt::Key_Z && modifiers == Qt::NoModifier;
+    press(window, key, modifiers, isLetter ? QString(QChar(key)).toLower() : QString());
+}
+
+void RandomUser::press(QWidget& window, int key, Qt::KeyboardModifiers modifiers,
+                       const QString& text)
+{
+    QWindow* const handle = window.window()->windowHandle();
+    if (handle == nullptr)
+        return;
+    note("key " + std::to_string(key) + " with " + std::to_string(int(modifiers)) + " \"" +
+         text.toStdString() + '"');
+    qt_handleKeyEvent(handle, QEvent::KeyPress, key, modifiers, text);
+    qt_handleKeyEvent(handle, QEvent::KeyRelease, key, modifiers, text);
+}
+
+void RandomUser::clickAnywhere(QWidget& window)
+{
+    QWindow* const handle = window.window()->windowHandle();
+    if (handle == nullptr)
+        return;
+    hurry::Random& random = m_world.random;
+    const QList<QWidget*> parts = partsOf(window);
+    QWidget& part = *random.of(parts);
+    const QPoint inPart(static_cast<int>(random.below(static_cast<std::size_t>(part.width()))),
+                        static_cast<int>(random.below(static_cast<std::size_t>(part.height()))));
+    const QPoint at = part.mapTo(window.window(), inPart);
+    const Qt::MouseButton button = random.percent(85) ? Qt::LeftButton : Qt::RightButton;
+    note(std::string("click ") + (button == Qt::LeftButton ? "" : "right ") + "on " +
+         part.metaObject()->className() + " \"" + part.objectName().toStdString() + '"');
+    const int times = random.percent(15) ? 2 : 1;
+    for (int i = 0; i < times; ++i) {
+        for (const auto& [type, buttons] :
+             {std::pair(QEvent::MouseMove, Qt::MouseButtons()),
+              std::pair(QEvent::MouseButtonPress, Qt::MouseButtons(button)),
+              std::pair(QEvent::MouseButtonRelease, Qt::MouseButtons())})
+            qt_handleMouseEvent(handle, at, handle->mapToGlobal(at), buttons,
+                                type == QEvent::MouseMove ? Qt::NoButton : button, type, {}, 0);
+    }
+}
+
+} // namespace windowtest

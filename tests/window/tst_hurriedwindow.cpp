@@ -1,0 +1,267 @@
+// Sessions in a window under a person in a hurry: nothing crashes or hangs, and whenever the
+// command line waits, list, groups and window belong together.
+#include "refhost/core/host.h"
+#include "refhost/core/widetext.h"
+#include "refhost/window/mainwindow.h"
+#include "refhost/window/windowprogram.h"
+#include "tests/window/randomuser.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QMenuBar>
+#include <QToolBar>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <map>
+#include <mutex>
+#include <thread>
+
+using namespace windowtest;
+using hurry::ListModel;
+using quelhost::Host;
+using quelhost::MainWindow;
+using quelhost::toUtf8;
+
+namespace {
+
+// Ends the process, with what was done last, when nothing has been done for long.
+class Watchdog
+{
+public:
+    explicit Watchdog(const hurry::World& world)
+        : m_thread([this, &world] { watch(world); })
+    {}
+    ~Watchdog()
+    {
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_over = true;
+        }
+        m_changed.notify_all();
+        m_thread.join();
+    }
+    Watchdog(const Watchdog&) = delete;
+    Watchdog& operator=(const Watchdog&) = delete;
+
+    void pat() { ++m_pats; }
+
+private:
+    void watch(const hurry::World& world)
+    {
+        constexpr std::chrono::seconds kMost(60); // a hang, not a measure
+        std::unique_lock<std::mutex> lock(m_mutex);
+        for (unsigned int seen = m_pats;
+             !m_changed.wait_for(lock, kMost, [this] { return m_over; }); seen = m_pats) {
+            if (seen != m_pats)
+                continue;
+            std::fprintf(stderr, "It hangs. %s", world.story().c_str());
+            std::abort();
+        }
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    bool m_over = false;
+    std::atomic<unsigned int> m_pats{0};
+    std::thread m_thread;
+};
+
+// Pages for the browser are not shown.
+class NoBrowser final : public QObject
+{
+    Q_OBJECT
+
+public:
+    NoBrowser() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
+    ~NoBrowser() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+    NoBrowser(const NoBrowser&) = delete;
+    NoBrowser& operator=(const NoBrowser&) = delete;
+
+public slots:
+    void open(const QUrl&) {}
+};
+
+std::wstring textOf(const std::vector<std::wstring>& entries)
+{
+    std::wstring text;
+    for (const std::wstring& entry : entries)
+        text += (&entry == &entries.front() ? L"" : L";") + entry;
+    return text;
+}
+
+std::string told(const std::vector<ListModel::Shown>& groups)
+{
+    std::string rows;
+    for (const ListModel::Shown& shown : groups)
+        rows += toUtf8(shown.group + L" of " + shown.path) + '\n';
+    return rows;
+}
+
+// The objects of a window that belong to its groups, by their kind.
+std::map<std::string, int> groupObjects(const MainWindow& window)
+{
+    std::map<std::string, int> counts;
+    for (const QObject* object : window.findChildren<QObject*>()) {
+        const std::string kind = object->metaObject()->className();
+        if (kind.rfind("quelhost::", 0) == 0 || kind == "QToolBar")
+            ++counts[kind];
+    }
+    counts["menus in the bar"] = window.menuBar()->actions().size();
+    return counts;
+}
+
+class HurriedWindow : public testing::Test
+{
+protected:
+    HurriedWindow()
+    {
+        m_options.window = true;
+        m_options.language = QStringLiteral("en");
+        m_options.profile = world.profile();
+    }
+    void SetUp() override { ASSERT_TRUE(QDir::setCurrent(world.workFolder())); }
+    void TearDown() override { QDir::setCurrent(m_before); }
+
+    [[nodiscard]] std::string runSession()
+    {
+        m_model.reset();
+        quelhost::Status result = quelhost::Done{};
+        quelhostRunWindow(m_options,
+                          quelhost::InstalledFiles::beside(QCoreApplication::applicationDirPath()),
+                          result);
+        return result ? "" : result.fault().text().toStdString();
+    }
+
+    // What is wrong, or nothing. Here no file was changed since it was looked at last, or only
+    // then.
+    [[nodiscard]] std::string look(MainWindow& window)
+    {
+        m_watchdog.pat();
+        Host& host = *Host::current();
+        const std::wstring text = textOf(host.groups.listedPaths());
+        if (!m_model)
+            m_model.emplace(text, world.workFolder().toStdWString(),
+                            [this](const auto& file) { return world.files.groupOf(file); });
+        if (const std::string wrong =
+                wrongStep(hurry::partsOf(m_model->text()), hurry::partsOf(text));
+            !wrong.empty())
+            return wrong + ": " + toUtf8(m_model->text()) + " became " + toUtf8(text);
+        std::vector<ListModel::Shown> shown;
+        for (const quelhost::ShownGroup& group : host.groups.groups())
+            shown.push_back({group.path, group.group.name.toStdWString(), group.unlisted});
+        // Groups are shown anew when something was loaded or unloaded, and back again perhaps.
+        if (text != m_model->text() || told(shown) != told(m_model->shown()))
+            m_model->follow(text);
+        if (told(shown) != told(m_model->shown()))
+            return "shown:\n" + told(shown) + "and not:\n" + told(m_model->shown());
+        return wrongWindow(window, host);
+    }
+
+    // Lets nothing but the main file be listed, without the user's changes, and looks whether the
+    // window is as it was in the beginning.
+    [[nodiscard]] std::string wrongAfterUnloading(const MainWindow& window)
+    {
+        Host& host = *Host::current();
+        QuelVariant list;
+        list.setString(host.groups.listedPaths().front().c_str(), QuelVariant::kString);
+        if (host.config.setValue(QueldConfig::kUserProfile, L"CUIX/LoadedCuix", list) != 0 ||
+            !host.customization.replaceToolbars({}) || !host.customization.replaceKeys({}))
+            return "the settings cannot be written";
+        host.groups.refresh();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_model->follow(textOf(host.groups.listedPaths()));
+        std::string wrong;
+        for (const auto& [kind, count] : groupObjects(window)) {
+            const auto [first, isFirst] = m_objects.emplace(kind, count);
+            if (!isFirst && first->second != count)
+                wrong += std::to_string(count) + " of " + kind + " and not " +
+                         std::to_string(first->second) + '\n';
+        }
+        return wrong;
+    }
+
+    hurry::World world{hurry::Typist::Person};
+
+private:
+    // What is wrong with the list after loading and unloading.
+    [[nodiscard]] std::string wrongStep(const std::vector<std::wstring>& before,
+                                        const std::vector<std::wstring>& now) const
+    {
+        if (now.front() != before.front())
+            return "entry 0 went";
+        auto old = before.begin();
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            const auto kept = std::find(old, before.end(), now[i]);
+            if (kept != before.end()) {
+                old = kept + 1;
+                continue;
+            }
+            old = before.end(); // behind what is new, all is
+            if (!m_model->exists(now[i]))
+                return "an entry without a file came";
+            for (std::size_t other = 0; other < i; ++other) {
+                if (m_model->exists(now[other]) &&
+                    hurry::identityOf(now[other]) == hurry::identityOf(now[i]))
+                    return "a second file of one name came";
+            }
+        }
+        return {};
+    }
+
+    [[nodiscard]] static std::string wrongWindow(const MainWindow& window, const Host& host)
+    {
+        int menus = 1; // the host's own
+        for (const quelhost::ShownGroup& group : host.groups.groups())
+            menus += static_cast<int>(group.group.menus.size());
+        const int shown = window.menuBar()->actions().size();
+        if (shown != menus)
+            return std::to_string(shown) + " menus and not " + std::to_string(menus);
+        const auto widgets = QApplication::topLevelWidgets();
+        const bool isBlocked =
+            std::any_of(widgets.begin(), widgets.end(), [](const QWidget* widget) {
+                return widget->isVisible() && widget->isModal();
+            });
+        return isBlocked ? "a dialog that nobody waits for" : "";
+    }
+
+    quelhost::Options m_options;
+    const QString m_before = QDir::currentPath();
+    NoBrowser m_browser;
+    Watchdog m_watchdog{world};
+    std::optional<ListModel> m_model;
+    std::map<std::string, int> m_objects; // when nothing but the main file is loaded
+};
+
+} // namespace
+
+TEST_F(HurriedWindow, StaysWhatItsListSays)
+{
+    unsigned int looks = 0;
+    RandomUser user(world, hurry::roundsOfTest(1200), [&](MainWindow& window) {
+        constexpr unsigned int kBetweenUnloading = 100;
+        const std::string wrong = look(window);
+        const bool isTime = looks++ % kBetweenUnloading == 0;
+        return wrong.empty() && isTime ? wrongAfterUnloading(window) : wrong;
+    });
+    while (!user.hasDoneAll() && user.problem().empty()) {
+        std::string wrong;
+        user.use([&] { wrong = runSession(); });
+        ASSERT_EQ(wrong, "") << world.story();
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        EXPECT_EQ(Host::current(), nullptr);
+    }
+    EXPECT_EQ(user.problem(), "") << world.story();
+    std::string seen;
+    for (const auto& [kind, times] : user.seen())
+        seen += kind + " " + std::to_string(times) + ", ";
+    RecordProperty("seen", seen);
+}
+
+#include "tst_hurriedwindow.moc"
