@@ -3,6 +3,7 @@
 #include "refhost/window/mainwindow.h"
 
 #include <QAbstractButton>
+#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPointer>
 #include <QUrl>
 #include <QWheelEvent>
 #include <QWindow>
@@ -90,6 +92,10 @@ RandomUser::RandomUser(hurry::World& world, unsigned int events, Look look)
     , m_left(events)
     , m_look(std::move(look))
 {
+    // Where events are only let through for painting, no input is taken, and nothing waits.
+    const auto* const dispatcher = QAbstractEventDispatcher::instance();
+    connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] { m_waits = true; });
+    connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { m_waits = false; });
     connect(&m_timer, &QTimer::timeout, this, [this] {
         // A timer does not run again while it is at work, and what is done may run a loop.
         m_timer.stop();
@@ -114,7 +120,7 @@ void RandomUser::act()
 {
     goOn();
     MainWindow* const window = shownWindow();
-    if (window == nullptr)
+    if (window == nullptr || !m_waits)
         return;
     if (m_left == 0 || !m_problem.empty())
         return leave();
@@ -307,18 +313,20 @@ void RandomUser::pressAnyKey(QWidget& window)
 void RandomUser::press(QWidget& window, int key, Qt::KeyboardModifiers modifiers,
                        const QString& text)
 {
-    QWindow* const handle = window.window()->windowHandle();
+    const QPointer<QWindow> handle = window.window()->windowHandle();
     if (handle == nullptr)
         return;
     note("key " + std::to_string(key) + " with " + std::to_string(int(modifiers)) + " \"" +
          text.toStdString() + '"');
-    qt_handleKeyEvent(handle, QEvent::KeyPress, key, modifiers, text);
-    qt_handleKeyEvent(handle, QEvent::KeyRelease, key, modifiers, text);
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        if (handle != nullptr) // the key may have closed it
+            qt_handleKeyEvent(handle, type, key, modifiers, text);
+    }
 }
 
 void RandomUser::clickAnywhere(QWidget& window)
 {
-    QWindow* const handle = window.window()->windowHandle();
+    const QPointer<QWindow> handle = window.window()->windowHandle();
     if (handle == nullptr)
         return;
     hurry::Random& random = m_world.random;
@@ -332,12 +340,15 @@ void RandomUser::clickAnywhere(QWidget& window)
          part.metaObject()->className() + " \"" + part.objectName().toStdString() + '"');
     const int times = random.percent(15) ? 2 : 1;
     for (int i = 0; i < times; ++i) {
-        for (const auto& [type, buttons] :
-             {std::pair(QEvent::MouseMove, Qt::MouseButtons()),
-              std::pair(QEvent::MouseButtonPress, Qt::MouseButtons(button)),
-              std::pair(QEvent::MouseButtonRelease, Qt::MouseButtons())})
-            qt_handleMouseEvent(handle, at, handle->mapToGlobal(at), buttons,
+        for (const QEvent::Type type :
+             {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            if (handle == nullptr)
+                return; // the click has closed it
+            const bool isDown = type == QEvent::MouseButtonPress;
+            qt_handleMouseEvent(handle, at, handle->mapToGlobal(at),
+                                isDown ? Qt::MouseButtons(button) : Qt::MouseButtons(),
                                 type == QEvent::MouseMove ? Qt::NoButton : button, type, {}, 0);
+        }
     }
 }
 

@@ -1,6 +1,5 @@
 // A person in a hurry at the window: keys, clicks, files dropped, menus, dialogs, whatever is in
-// sight, all at random. Input goes through the window system's queue, so that it waits where a
-// user's input waits.
+// sight, all at random. Nothing is done while a user's input would wait.
 #pragma once
 
 #include "tests/hurry/world.h"
@@ -63,6 +62,7 @@ private:
     unsigned int m_left;
     const Look m_look;
     QTimer m_timer;
+    bool m_waits = false; // the event loop that runs waits for events
     std::map<std::string, int> m_seen;
     std::string m_problem;
 };
