@@ -117,12 +117,12 @@ void ScratchFiles::remove(const std::string& name) const
 std::string ScratchFiles::changeMainFile(Random& random)
 {
     if (std::filesystem::exists(mainFile())) {
-        if (random.below(1000) > 0)
+        if (!random.percent(1))
             return {};
         std::filesystem::remove(mainFile());
         return "(the main file goes)";
     }
-    if (random.percent(50))
+    if (random.percent(80))
         return {};
     std::ofstream(mainFile(), std::ios::binary) << m_contents.front();
     return "(the main file is there again)";

@@ -46,7 +46,7 @@ public:
             return {};
         }
         --m_left;
-        if (m_world.random.percent(3))
+        if (m_world.random.percent(5))
             m_world.changeFiles();
         return next();
     }

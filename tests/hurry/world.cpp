@@ -109,6 +109,15 @@ void World::changeFiles()
 {
     for (std::size_t changes = random.below(4); changes > 0; --changes)
         done.add(files.change(random));
+    // What is loaded goes more often than it would by itself.
+    if (const auto entries = partsOf(model.list().text()); random.percent(30)) {
+        const std::wstring& entry = random.of(entries);
+        if (&entry != &entries.front() && !entry.empty()) {
+            const std::string gone = quelhost::toUtf8(model.list().absolute(entry));
+            static_cast<void>(QFile::remove(QString::fromStdString(gone)));
+            done.add("(goes: " + gone + ")");
+        }
+    }
     if (const std::string change = files.changeMainFile(random); !change.empty())
         done.add(change);
     if (random.percent(5)) {
