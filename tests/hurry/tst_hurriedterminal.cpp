@@ -194,28 +194,26 @@ private:
             m_history.push_back(kept);
     }
 
-    // A command that has ended is told, and what is asked next is shown behind that. Where neither
-    // a command ended nor another begins, an echo tells that the line was read.
+    // A command that has ended is told. At the command prompt an echo tells that the whole line was
+    // read, and what is asked next is shown behind that.
     void expectOutcome()
     {
-        if (world.model.hasEnded())
-            return;
-        m_isSure = expectStatuses();
-        if (!m_isSure && world.model.prompt() == Prompt::Command) {
+        expectStatuses();
+        m_isSure = !world.model.hasEnded() && world.model.prompt() == Prompt::Command;
+        if (m_isSure) {
             enter({}, "ECHO on");
-            m_isSure = expectStatuses();
+            expectStatuses();
         }
-        ASSERT_TRUE(m_terminal->expect(shown(world.model.prompt()))) << world.story();
+        if (!world.model.hasEnded()) {
+            ASSERT_TRUE(m_terminal->expect(shown(world.model.prompt()))) << world.story();
+        }
     }
 
-    // Whether there were any.
-    bool expectStatuses()
+    void expectStatuses()
     {
-        const std::vector<std::string> statuses = world.model.takeStatuses();
-        for (const std::string& status : statuses)
+        for (const std::string& status : world.model.takeStatuses())
             EXPECT_TRUE(m_terminal->expect(QByteArray::fromStdString(status)))
                 << status << "; " << world.story();
-        return !statuses.empty();
     }
 
     std::unique_ptr<PseudoTerminal> m_terminal;
