@@ -139,8 +139,7 @@ protected:
         return result ? "" : result.fault().text().toStdString();
     }
 
-    // What is wrong, or nothing. Here no file was changed since it was looked at last, or only
-    // then.
+    // What is wrong, or nothing. Files change only right behind a look.
     [[nodiscard]] std::string look(MainWindow& window)
     {
         m_watchdog.pat();
