@@ -226,7 +226,7 @@ private:
 
 TEST_F(HurriedTerminal, EndsEachCommandAndKeepsTheListAsItMust)
 {
-    const unsigned int all = roundsOfTest(150);
+    const unsigned int all = roundsOfTest(100);
     bool isRunning = false;
     for (unsigned int done = 0; done < all && !HasFailure(); ++done) {
         if (!isRunning) {

@@ -243,7 +243,7 @@ private:
 TEST_F(HurriedWindow, StaysWhatItsListSays)
 {
     unsigned int looks = 0;
-    RandomUser user(world, hurry::roundsOfTest(1200), [&](MainWindow& window) {
+    RandomUser user(world, hurry::roundsOfTest(500), [&](MainWindow& window) {
         constexpr unsigned int kBetweenUnloading = 100;
         const std::string wrong = look(window);
         const bool isTime = looks++ % kBetweenUnloading == 0;
