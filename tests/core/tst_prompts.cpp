@@ -145,7 +145,7 @@ TEST(PromptAnswers, APromptNeverBeginsBehindAMessage)
 // Each answer used to copy the rest of the line.
 TEST(PromptAnswers, ManyOnOneLineCostLittleMoreThanOneOnEach)
 {
-    constexpr int kAnswers = 30000;
+    constexpr int kAnswers = 80000;
     std::wstring line;
     for (int i = 0; i < kAnswers; ++i)
         line += L"a ";
