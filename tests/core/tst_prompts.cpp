@@ -142,7 +142,7 @@ TEST(PromptAnswers, APromptNeverBeginsBehindAMessage)
     EXPECT_EQ(output.text(), "a message\n1: a b\nanother\n2: b\n");
 }
 
-// Each answer used to copy the rest of the line.
+// No answer costs as much as all of the line behind it.
 TEST(PromptAnswers, ManyOnOneLineCostNoMoreThanOneOnEach)
 {
     constexpr int kAnswers = 40000;
