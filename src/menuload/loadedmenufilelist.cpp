@@ -26,15 +26,14 @@ bool isPlain(std::wstring_view text)
     return (bits & ~plainBits) == 0;
 }
 
-// Qt's conversion takes a leading U+FEFF for a byte order mark and drops it. Here it belongs to the
-// name: without it another file would be meant.
+// Qt's conversion takes U+FEFF in front for a mark of the byte order and drops it, and its four
+// bytes in reverse for one that turns all that follows around. Here both belong to the name:
+// without them another file would be meant. So they never stand in front.
 QString convertedByQt(std::wstring_view text)
 {
-    constexpr wchar_t mark = 0xFEFF;
-    const std::size_t marks = std::min(text.find_first_not_of(mark), text.size());
-    const std::wstring_view rest = text.substr(marks);
-    return QString(static_cast<int>(marks), QChar(QChar::ByteOrderMark)) +
-           QString::fromWCharArray(rest.data(), static_cast<int>(rest.size()));
+    std::wstring behindSlash(1, L'/');
+    behindSlash += text;
+    return QString::fromWCharArray(behindSlash.data(), static_cast<int>(behindSlash.size())).mid(1);
 }
 
 // Lists are long and their paths plain, and Qt's conversion takes its time for each character.

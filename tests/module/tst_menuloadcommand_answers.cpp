@@ -5,6 +5,7 @@
 
 #include <QDir>
 
+#include <cstdint>
 #include <cwchar>
 
 using quelhost::toUtf8;
@@ -177,6 +178,19 @@ TEST_F(MenuLoad, DropsNoCharacterOfAName)
     type(marked);
     EXPECT_EQ(run(), 5100);
     EXPECT_EQ(stored(), L";" + marked);
+}
+
+TEST_F(MenuLoad, AnEntryWithItsBytesTurnedAroundIsNotTheFile)
+{
+    const std::wstring path = folder.file(L"plant.cuix");
+    // In front the mark of the byte order in reverse, as a text of the other order has it.
+    std::wstring turned;
+    for (const wchar_t character : L"\uFEFF" + path)
+        turned += static_cast<wchar_t>(__builtin_bswap32(static_cast<std::uint32_t>(character)));
+    setList(turned);
+    type(path);
+    EXPECT_EQ(run(), 5100);
+    EXPECT_EQ(stored(), turned + L";" + path);
 }
 
 TEST_F(MenuLoad, PrintsPercentSignsOfANameAsTheyStand)
