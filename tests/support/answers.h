@@ -1,7 +1,7 @@
 // What a scripted call answers: one answer for each of the next calls, then the usual one.
 #pragma once
 
-#include <deque>
+#include <list>
 #include <utility>
 
 namespace recording {
@@ -31,7 +31,7 @@ public:
 
 private:
     T m_usual;
-    std::deque<T> m_queue;
+    std::list<T> m_queue; // takes no memory as long as it is empty
 };
 
 } // namespace recording

@@ -8,6 +8,7 @@
 #include "tests/support/recordinghost.h"
 #include "tests/support/tracetext.h"
 
+#include "refhost/core/typedformat.h"
 #include "refhost/core/widetext.h"
 
 #include <algorithm>
@@ -92,9 +93,7 @@ void print(const std::string& function, const wchar_t* format,
     for (const FormatArgument& argument : arguments)
         noted += ", " + shownArgument(argument);
     host().called(function, noted);
-    std::wstring text(1 << 16, L'\0');
-    _tarvswprintf(text.data(), text.size(), format, arguments.data(), arguments.size());
-    host().printed += text.c_str();
+    host().printed += quelhost::formatTyped(format, arguments).c_str();
 }
 
 } // namespace

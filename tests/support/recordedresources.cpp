@@ -84,7 +84,7 @@ int LoadStringW(QuelResourceHandle resource, unsigned int id, wchar_t* buffer, i
                   list(quelhost::toUtf8(fileOf(resource)), shown(id), shown(maxChars)));
     const int result = host().loadString ? host().loadString(id, buffer, maxChars)
                                          : copyTo(findText(fileOf(resource), id), buffer, maxChars);
-    host().trace[line] += " -> " + shown(result);
+    host().amend(line, " -> " + shown(result));
     return result;
 }
 

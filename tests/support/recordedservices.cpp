@@ -245,7 +245,7 @@ int vxGetFileDialog(const wchar_t* title, const wchar_t* initialPath, const wcha
                                           reserved1 == nullptr ? "null" : "bool",
                                           shown(filterIndex), shown(filters), shown(reserved2)));
     const int scripted = host().fileDialog ? host().fileDialog(*result, filterIndex) : 0;
-    host().trace[line] += " -> " + shown(host().fileDialog ? scripted : answer.status);
+    host().amend(line, " -> " + shown(host().fileDialog ? scripted : answer.status));
     if (host().fileDialog)
         return scripted;
     if (answer.status != QuelStatus::kNormal)

@@ -61,6 +61,10 @@ std::vector<std::string> Host::calls(const std::string& function) const
 
 int Host::count(const std::string& function) const
 {
+    if (!notesWords) {
+        const auto found = m_counts.find(function);
+        return found == m_counts.end() ? 0 : found->second;
+    }
     return static_cast<int>(calls(function).size());
 }
 
@@ -91,20 +95,27 @@ void Host::called(const std::string& function, const std::string& arguments,
 {
     const int which = ++m_counts[function];
     const std::size_t line = trace.size();
-    trace.push_back(function + "(" + arguments + ")");
-    if (announce)
+    if (notesWords)
+        trace.push_back(function + "(" + arguments + ")");
+    if (announce && notesWords)
         std::fprintf(stderr, "%s\n", trace.back().c_str());
-    const auto hook = m_hooks.find({function, which});
+    const auto hook = m_hooks.empty() ? m_hooks.end() : m_hooks.find({function, which});
     if (hook != m_hooks.end()) {
         try {
             hook->second();
         } catch (...) {
-            trace[line] += " -> throws";
+            amend(line, " -> throws");
             throw;
         }
     }
     if (!result.empty())
-        trace[line] += " -> " + result;
+        amend(line, " -> " + result);
+}
+
+void Host::amend(std::size_t line, const std::string& words)
+{
+    if (line < trace.size())
+        trace[line] += words;
 }
 
 bool Host::enterScope(const std::string& function, const wchar_t* file,

@@ -97,6 +97,9 @@ public:
     [[nodiscard]] int count(const std::string& function) const;
     // Forgets the calls so far, so that the next one of each function is its first.
     void forgetCalls();
+    // Without words nothing goes into the trace, and count() alone tells of calls: a fuzzer runs a
+    // million commands and looks at few of their lines.
+    bool notesWords = true;
     // Also writes each line to standard error at once, for what happens after the test's end.
     bool announce = false;
 
@@ -182,6 +185,8 @@ public:
 
     void called(const std::string& function, const std::string& arguments,
                 const std::string& result = {});
+    // Adds to a line that is in the trace.
+    void amend(std::size_t line, const std::string& words);
     // Notes the call and makes the file current when the script or, without one, its being there
     // says so.
     bool enterScope(const std::string& function, const wchar_t* file,

@@ -1,5 +1,7 @@
 #include "tests/support/tracetext.h"
 
+#include "tests/support/recordinghost.h"
+
 #include "refhost/core/widetext.h"
 
 #include <cstdio>
@@ -8,8 +10,12 @@ namespace recording {
 
 std::string shown(const std::wstring& text)
 {
+    if (!host().notesWords)
+        return {};
+    const std::string bytes = quelhost::toUtf8(text);
     std::string result = "\"";
-    for (const char character : quelhost::toUtf8(text)) {
+    result.reserve(bytes.size() + 2);
+    for (const char character : bytes) {
         switch (character) {
         case '"':
             result += "\\\"";
@@ -32,7 +38,7 @@ std::string shown(const std::wstring& text)
 
 std::string shown(const wchar_t* text)
 {
-    return text == nullptr ? "null" : shown(std::wstring(text));
+    return text == nullptr || !host().notesWords ? "null" : shown(std::wstring(text));
 }
 
 std::string shown(const QuString& text)
@@ -64,6 +70,8 @@ std::string hexadecimal(unsigned int value)
 
 std::string shown(const QuelVariant& value)
 {
+    if (!host().notesWords)
+        return {};
     switch (value.type()) {
     case QuelVariant::kNone:
         return "none";
