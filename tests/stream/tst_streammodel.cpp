@@ -1,24 +1,17 @@
 // Byte streams against a model of them: every small case, and many long ones by chance.
-#include "tests/stream/streammodel.h"
 #include "tests/stream/streampair.h"
-#include "tests/support/filestore.h"
+#include "tests/stream/streamside.h"
 #include "tests/support/temporaryfile.h"
-
-#include "host/errors.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdlib>
 #include <iostream>
-#include <memory>
 #include <random>
 
-using streams::Bytes;
-using streams::Call;
 using streams::ModelStream;
-using streams::Outcome;
-using streams::RecordingStore;
+using streams::Side;
 using streams::Step;
 using streams::Trace;
 
@@ -32,133 +25,6 @@ constexpr int kSequences = 10000; // each takes ten times as long
 #else
 constexpr int kSequences = 100000;
 #endif
-
-Outcome runOnStream(const Step& step, VxStreamBuf& self, VxStreamBuf& other)
-{
-    Outcome outcome;
-    const auto count = static_cast<unsigned int>(step.first);
-    switch (step.kind) {
-    case Step::IsEos:
-        outcome.result = self.isEOS() ? 1 : 0;
-        break;
-    case Step::Rewind:
-        outcome.result = self.rewind();
-        break;
-    case Step::Seek:
-        outcome.result = self.seek(static_cast<long>(step.first), VxStreamBuf::kFromStart);
-        break;
-    case Step::GetBytes:
-        outcome.got.resize(count);
-        try {
-            outcome.result = self.getBytes(outcome.got.data(), count);
-        } catch (VxExceptionWithMsg* error) {
-            delete error;
-            outcome.result = std::nullopt;
-            outcome.got.clear();
-        }
-        break;
-    case Step::ReadBytes:
-        outcome.result = self.readBytes(&other, count);
-        break;
-    case Step::WriteBytes:
-        outcome.result = self.writeBytes(&other, count);
-        break;
-    case Step::CopyFrom:
-        self.copyFrom(&other, step.first, step.second);
-        break;
-    case Step::CopyTo:
-        self.copyTo(&other, step.first, step.second);
-        break;
-    }
-    return outcome;
-}
-
-Trace readsAndWrites(const Trace& trace)
-{
-    Trace result;
-    for (const Call& call : trace) {
-        if (call.operation == Call::Read || call.operation == Call::Write)
-            result.push_back(call);
-    }
-    return result;
-}
-
-// A stream and its model.
-struct Side
-{
-    std::unique_ptr<VxStreamBuf> store;
-    std::unique_ptr<RecordingStore> stream;
-    ModelStream model;
-};
-
-Side makeSide(char name, std::unique_ptr<VxStreamBuf> store, ModelStream model, Trace& trace)
-{
-    Side side{std::move(store), nullptr, std::move(model)};
-    side.model.name = name;
-    side.stream = std::make_unique<RecordingStore>(name, *side.store, trace);
-    side.stream->readLimit = side.model.readLimit;
-    side.stream->writeLimit = side.model.writeLimit;
-    side.stream->refusedSeeks = side.model.refusedSeeks;
-    side.store->seek(static_cast<long>(side.model.position), VxStreamBuf::kFromStart);
-    return side;
-}
-
-Side memorySide(char name, const ModelStream& model, Trace& trace)
-{
-    return makeSide(name, std::make_unique<streams::MemoryStore>(model.bytes, model.lengthLimit),
-                    model, trace);
-}
-
-Side fileSide(char name, const std::string& path, const ModelStream& model, Trace& trace)
-{
-    auto file = std::make_unique<streams::FileStore>(path);
-    file->setlength(0);
-    const auto size = static_cast<unsigned int>(model.bytes.size());
-    if (size > 0 && file->write(model.bytes.data(), size) != size)
-        throw std::runtime_error("cannot fill the file");
-    return makeSide(name, std::move(file), model, trace);
-}
-
-bool holds(const VxStreamBuf& store, const Bytes& expected)
-{
-    if (const auto* const memory = dynamic_cast<const streams::MemoryStore*>(&store))
-        return memory->bytes() == expected;
-    return dynamic_cast<const streams::FileStore&>(store).bytes() == expected;
-}
-
-// Nothing while a stream is as its model says, else what differs.
-std::string difference(const Side& side)
-{
-    if (side.store->position() != side.model.position)
-        return "position " + std::to_string(side.store->position()) + " for " +
-               std::to_string(side.model.position);
-    return holds(*side.store, side.model.bytes) ? "" : "bytes";
-}
-
-// Runs the step on streams and models. Nothing when both did the same, else what differs.
-std::string stepDifference(const Step& step, Side& self, Side& other, Trace& trace)
-{
-    trace.clear();
-    const Outcome seen = runOnStream(step, *self.stream, *other.stream);
-    const Trace pieces = readsAndWrites(trace);
-    const Outcome told = run(step, self.model, other.model);
-    if (seen.result != told.result)
-        return "result";
-    if (seen.got != told.got)
-        return "bytes got";
-    if (!(pieces == told.pieces))
-        return "pieces";
-    const std::string ofSelf = difference(self);
-    return ofSelf.empty() ? difference(other) : ofSelf;
-}
-
-std::string shown(const Step& step)
-{
-    const std::array<const char*, 8> names{"isEOS",     "rewind",     "seek",     "getBytes",
-                                           "readBytes", "writeBytes", "copyFrom", "copyTo"};
-    return std::string(names[step.kind]) + "(" + std::to_string(step.first) + ", " +
-           std::to_string(step.second) + ")";
-}
 
 // Chooses lengths, positions, bounds and steps, mostly small and 1 in 25 at the edges of pieces.
 class Chance
@@ -240,7 +106,7 @@ std::string shown(const std::vector<DoneStep>& steps)
 {
     std::string text;
     for (const DoneStep& done : steps)
-        text += std::to_string(done.self) + "." + shown(done.step) + " with " +
+        text += std::to_string(done.self) + "." + streams::shown(done.step) + " with " +
                 std::to_string(done.other) + "; ";
     return text;
 }
@@ -255,7 +121,7 @@ std::string sequenceDifference(Chance& chance, std::array<Side, 2>& sides, Trace
         const unsigned long self = chance.upTo(1);
         const unsigned long other = chance.oneIn(10) ? self : 1 - self;
         done.push_back({step, self, other});
-        const std::string found = stepDifference(step, sides[self], sides[other], trace);
+        const std::string found = streams::stepDifference(step, sides[self], sides[other], trace);
         if (!found.empty())
             return shown(done) + "differs in its " + found;
     }
@@ -284,10 +150,11 @@ TEST(StreamModel, HoldsForEverySmallCopy)
         }
         Step step{next(2) == 0 ? Step::CopyFrom : Step::CopyTo, next(6), 0};
         step.second = next(6);
-        Side self = memorySide('A', models[0], trace);
-        Side other = memorySide('B', models[1], trace);
-        ASSERT_EQ(stepDifference(step, self, other, trace), "") << i << ": " << shown(step);
-        copiesThatMoved += readsAndWrites(trace).empty() ? 0 : 1;
+        Side self = streams::memorySide('A', models[0], trace);
+        Side other = streams::memorySide('B', models[1], trace);
+        ASSERT_EQ(streams::stepDifference(step, self, other, trace), "")
+            << i << ": " << streams::shown(step);
+        copiesThatMoved += streams::readsAndWrites(trace).empty() ? 0 : 1;
     }
     EXPECT_EQ(copiesThatMoved, 21780); // of 41472; the others have nothing to copy
 }
@@ -299,8 +166,8 @@ TEST(StreamModel, HoldsForChanceSequencesInMemory)
     Chance chance(seed);
     for (int round = 0; round < kSequences; ++round) {
         Trace trace;
-        std::array<Side, 2> sides{memorySide('A', chance.stream(), trace),
-                                  memorySide('B', chance.stream(), trace)};
+        std::array<Side, 2> sides{streams::memorySide('A', chance.stream(), trace),
+                                  streams::memorySide('B', chance.stream(), trace)};
         ASSERT_EQ(sequenceDifference(chance, sides, trace), "")
             << "TEST_SEED=" << seed << ", sequence " << round;
     }
@@ -318,8 +185,8 @@ TEST(StreamModel, HoldsForChanceSequencesOnFiles)
         if (ofFile.position > kLongest)
             ofFile.position = 5;
         Trace trace;
-        std::array<Side, 2> sides{fileSide('A', file.path(), ofFile, trace),
-                                  memorySide('B', chance.stream(), trace)};
+        std::array<Side, 2> sides{streams::fileSide('A', file.path(), ofFile, trace),
+                                  streams::memorySide('B', chance.stream(), trace)};
         ASSERT_EQ(sequenceDifference(chance, sides, trace), "")
             << "TEST_SEED=" << seed << ", sequence " << round;
     }
