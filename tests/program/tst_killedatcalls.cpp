@@ -75,13 +75,13 @@ protected:
 INSTANTIATE_TEST_SUITE_P(
     Program, KilledAtCalls,
     testing::Values(
-        KilledRow{"LoadingAPackage", Before::CleanEnd, RunPart::Command, "MENULOAD %1\n", 40},
-        KilledRow{"LoadingAfterAKill", Before::Kill, RunPart::Command, "MENULOAD %1\n", 40},
-        KilledRow{"StartingAfterACleanEnd", Before::CleanEnd, RunPart::Start, "", 40},
-        KilledRow{"StartingAfterAKill", Before::Kill, RunPart::Start, "", 40},
-        KilledRow{"RepairingADamagedFile", Before::Damage, RunPart::Start, "", 40},
-        KilledRow{"StartingForTheFirstTime", Before::FirstStart, RunPart::Start, "", 40},
-        KilledRow{"EndingAfterALoad", Before::CleanEnd, RunPart::End, "MENULOAD %1\n", 40}),
+        KilledRow{"LoadingAPackage", Before::CleanEnd, RunPart::Command, "MENULOAD %1\n", 30},
+        KilledRow{"LoadingAfterAKill", Before::Kill, RunPart::Command, "MENULOAD %1\n", 30},
+        KilledRow{"StartingAfterACleanEnd", Before::CleanEnd, RunPart::Start, "", 30},
+        KilledRow{"StartingAfterAKill", Before::Kill, RunPart::Start, "", 30},
+        KilledRow{"RepairingADamagedFile", Before::Damage, RunPart::Start, "", 30},
+        KilledRow{"StartingForTheFirstTime", Before::FirstStart, RunPart::Start, "", 30},
+        KilledRow{"EndingAfterALoad", Before::CleanEnd, RunPart::End, "MENULOAD %1\n", 30}),
     [](const auto& row) { return std::string(row.param.name); });
 
 // At most so many of the moments 1 to `all`, evenly spread from a random one on.
