@@ -100,7 +100,7 @@ public:
         : m_limits(limits)
         , m_use(use)
         , m_faults(file)
-        , m_zip(openZip(archive))
+        , m_archive(archive)
     {}
 
     [[nodiscard]] ArchiveReading read(const ZipDirectory& directory);
@@ -121,7 +121,8 @@ private:
     ArchiveLimits m_limits;
     const EntryUse& m_use;
     PackageFaults m_faults;
-    ZipHandle m_zip;
+    const QByteArray& m_archive;
+    ZipHandle m_zip{nullptr, zip_discard};
     std::set<QString> m_names;
     std::vector<Judged> m_judged; // one for each entry
     ArchiveReading m_reading;
@@ -135,6 +136,7 @@ ArchiveReading ArchiveReader::read(const ZipDirectory& directory)
     } else {
         for (const ZipEntry& entry : directory.entries)
             judge(entry);
+        m_zip = openZip(m_archive); // only now: the library reads every name
         m_reading.isOpen = agree(m_zip.get(), directory);
     }
     if (m_reading.isOpen)
