@@ -1,8 +1,7 @@
-// Chance that can be repeated, and how much of it a test takes.
+// Chance that can be repeated, and what it led to.
 #pragma once
 
 #include <algorithm>
-#include <cstdlib>
 #include <iterator>
 #include <random>
 #include <string>
@@ -34,24 +33,6 @@ public:
 private:
     std::mt19937 m_engine;
 };
-
-inline unsigned int numberFrom(const char* variable, unsigned int otherwise)
-{
-    const char* const wanted = std::getenv(variable);
-    return wanted == nullptr ? otherwise : static_cast<unsigned int>(std::atol(wanted));
-}
-
-// The seed that QUELHOST_TEST_SEED names, else another one each time.
-inline unsigned int seedOfTest()
-{
-    return numberFrom("QUELHOST_TEST_SEED", std::random_device()());
-}
-
-// How often: QUELHOST_TEST_ROUNDS, else the short form.
-inline unsigned int roundsOfTest(unsigned int shortForm)
-{
-    return numberFrom("QUELHOST_TEST_ROUNDS", shortForm);
-}
 
 // What was done last, for who has to find out why a random test failed.
 class LastDone

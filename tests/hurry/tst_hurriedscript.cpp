@@ -3,6 +3,7 @@
 #include "refhost/core/widetext.h"
 #include "tests/hurry/runningprogram.h"
 #include "tests/hurry/world.h"
+#include "tests/support/testrounds.h"
 
 #include <gtest/gtest.h>
 
@@ -145,7 +146,7 @@ TEST_P(HurriedScript, EndsEachCommandAndKeepsTheListAsItMust)
 {
     constexpr std::size_t kMostAtOnce = 60;
     constexpr std::size_t kBetweenListings = 500;
-    const std::size_t all = roundsOfTest(1000);
+    const std::size_t all = wantedRounds(1000);
     std::size_t typed = 0;
     std::size_t listedAt = 0;
     while (typed < all) {
@@ -180,7 +181,7 @@ TEST_P(HurriedScript, EndsEachCommandAndKeepsTheListAsItMust)
 
 TEST_P(HurriedScript, LeavesMemoryAsItWas)
 {
-    const std::size_t all = roundsOfTest(1500);
+    const std::size_t all = wantedRounds(1500);
     const std::size_t warm = all / 5;
     long memoryThen = 0;
     ASSERT_NO_FATAL_FAILURE(start());

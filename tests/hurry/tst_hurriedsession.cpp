@@ -4,6 +4,7 @@
 #include "refhost/core/settingsstore.h"
 #include "refhost/core/widetext.h"
 #include "tests/hurry/world.h"
+#include "tests/support/testrounds.h"
 
 #include <gtest/gtest.h>
 
@@ -100,7 +101,7 @@ TEST(HurriedSession, AfterEachLineTheListAndTheGroupsAreWhatTheyMustBe)
     files.mainPackage = QStringLiteral(QUEL_EXAMPLES "/queld.cuix");
     files.aliasFile = QStringLiteral(QUEL_EXAMPLES "/QUELD.pgp");
     std::string difference;
-    for (unsigned int left = roundsOfTest(1500); left > 0 && difference.empty();) {
+    for (unsigned int left = wantedRounds(1500); left > 0 && difference.empty();) {
         NoOutput output;
         const auto makeLines = [&](const quelhost::Profile&) {
             return quelhost::Result<std::unique_ptr<quelhost::LineSource>>(

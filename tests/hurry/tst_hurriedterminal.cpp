@@ -2,6 +2,7 @@
 // completion tried and given up, older lines brought back, and ends in the middle of a question.
 #include "refhost/core/widetext.h"
 #include "tests/hurry/world.h"
+#include "tests/support/testrounds.h"
 #include "tests/support/pseudoterminal.h"
 
 #include <gtest/gtest.h>
@@ -226,7 +227,7 @@ private:
 
 TEST_F(HurriedTerminal, EndsEachCommandAndKeepsTheListAsItMust)
 {
-    const unsigned int all = roundsOfTest(100);
+    const unsigned int all = wantedRounds(100);
     bool isRunning = false;
     for (unsigned int done = 0; done < all && !HasFailure(); ++done) {
         if (!isRunning) {

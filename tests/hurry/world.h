@@ -5,6 +5,7 @@
 #include "tests/hurry/randomlines.h"
 #include "tests/hurry/randomness.h"
 #include "tests/hurry/scratchfiles.h"
+#include "tests/support/testrounds.h"
 
 #include <QString>
 #include <QTemporaryDir>
@@ -45,7 +46,7 @@ private:
     [[nodiscard]] ListModel listModel(std::wstring text) const;
     void writeAliases(const AliasTable& aliases);
 
-    const unsigned int m_seed = seedOfTest();
+    const unsigned int m_seed = wantedSeed();
     QTemporaryDir m_folder;
 
 public:

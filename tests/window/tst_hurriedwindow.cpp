@@ -4,6 +4,7 @@
 #include "refhost/core/widetext.h"
 #include "refhost/window/mainwindow.h"
 #include "refhost/window/windowprogram.h"
+#include "tests/support/testrounds.h"
 #include "tests/window/randomuser.h"
 
 #include <gtest/gtest.h>
@@ -243,7 +244,7 @@ private:
 TEST_F(HurriedWindow, StaysWhatItsListSays)
 {
     unsigned int looks = 0;
-    RandomUser user(world, hurry::roundsOfTest(500), [&](MainWindow& window) {
+    RandomUser user(world, wantedRounds(500), [&](MainWindow& window) {
         constexpr unsigned int kBetweenUnloading = 100;
         const std::string wrong = look(window);
         const bool isTime = looks++ % kBetweenUnloading == 0;
