@@ -91,6 +91,20 @@ std::vector<int> lengthsBelow(int size, int most)
     return lengths;
 }
 
+// Fills a profile and lets killed hosts write to its log. What of "last" was acknowledged, the
+// first state before any of it; fewer than all of them when that failed.
+Items writtenInLog(const QString& folder)
+{
+    Items states;
+    if (fillProfile(folder, 8))
+        states.push_back("nothing");
+    for (const wchar_t* state : {L"first", L"second", L"third"}) {
+        if (leaveByKill(folder, state))
+            states.push_back(told(Item::string(4, L"last", state)));
+    }
+    return states;
+}
+
 } // namespace
 
 TEST(SettingsChanged, NoChangedBytesEverMakeAnotherValue)
@@ -136,12 +150,8 @@ TEST(SettingsChanged, AFileThatIsCutAtAnyLengthIsReplacedByTheGoodCopy)
 TEST(SettingsChanged, ALogThatIsCutAtAnyLengthEndsWithAWholeWrite)
 {
     const ScratchFolder model;
-    ASSERT_TRUE(fillProfile(model.path(), 8));
-    Items states = {"nothing"};
-    for (const wchar_t* state : {L"first", L"second", L"third"}) {
-        ASSERT_TRUE(leaveByKill(model.path(), state));
-        states.push_back(told(Item::string(4, L"last", state)));
-    }
+    const Items states = writtenInLog(model.path());
+    ASSERT_EQ(states.size(), 4U);
     const QString file = settingsFile(model.path());
     const QByteArray log = bytesOf(file + QStringLiteral("-wal"));
     ASSERT_GT(log.size(), 3 * 4096);
@@ -172,12 +182,8 @@ TEST(SettingsChanged, ALogThatIsCutAtAnyLengthEndsWithAWholeWrite)
 TEST(SettingsChanged, NoChangedBytesOfALogEverMakeAnotherValue)
 {
     const ScratchFolder model;
-    ASSERT_TRUE(fillProfile(model.path(), 8));
-    Items states = {"nothing"};
-    for (const wchar_t* state : {L"first", L"second", L"third"}) {
-        ASSERT_TRUE(leaveByKill(model.path(), state));
-        states.push_back(told(Item::string(4, L"last", state)));
-    }
+    const Items states = writtenInLog(model.path());
+    ASSERT_EQ(states.size(), 4U);
     const QString file = settingsFile(model.path());
     const QByteArray log = bytesOf(file + QStringLiteral("-wal"));
     const unsigned int seed = wantedSeed();

@@ -1,6 +1,7 @@
 #include "tests/window/randomuser.h"
 
 #include "refhost/window/mainwindow.h"
+#include "tests/window/shownwindow.h"
 
 #include <QAbstractButton>
 #include <QAbstractEventDispatcher>
@@ -39,16 +40,6 @@ constexpr std::array kModifiers = {Qt::KeyboardModifier::NoModifier,
                                    Qt::ShiftModifier,
                                    Qt::ControlModifier,
                                    Qt::AltModifier};
-
-MainWindow* shownWindow()
-{
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        auto* const window = qobject_cast<MainWindow*>(widget);
-        if (window != nullptr && window->isVisible())
-            return window;
-    }
-    return nullptr;
-}
 
 // The parts of a window that can be seen, itself included.
 QList<QWidget*> partsOf(QWidget& window)

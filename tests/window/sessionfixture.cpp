@@ -2,6 +2,7 @@
 
 #include "refhost/core/settingslisting.h"
 #include "refhost/window/mainwindow.h"
+#include "tests/window/shownwindow.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -19,16 +20,6 @@ using quelhost::MainWindow;
 namespace windowtest {
 
 namespace {
-
-MainWindow* shownWindow()
-{
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        auto* const window = qobject_cast<MainWindow*>(widget);
-        if (window != nullptr && window->isVisible())
-            return window;
-    }
-    return nullptr;
-}
 
 // Whether it is there for the user. The toolkit does not always notice that a window is the active
 // one again after a dialog over it was closed at once, so only who needs it waits for that.
