@@ -28,7 +28,7 @@ public:
                ratios::runQuietly(QStringLiteral(QUELHOST_PROGRAM),
                                   {QStringLiteral("--profile"), path(), QStringLiteral("--script"),
                                    QStringLiteral("/dev/null")}) == 0 &&
-               keep();
+               keep() && scriptLoads() && restore();
     }
 
     [[nodiscard]] QStringList arguments() const
@@ -47,6 +47,16 @@ private:
     [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("profile")); }
     [[nodiscard]] QString kept() const { return m_folder.filePath(QStringLiteral("kept")); }
     [[nodiscard]] bool keep() const { return copied(path(), kept()); }
+
+    // A script that fails ends as well as one that loads; only the list tells.
+    [[nodiscard]] bool scriptLoads() const
+    {
+        const QString program = QStringLiteral(QUELHOST_PROGRAM);
+        return ratios::runQuietly(program, arguments()) == 0 &&
+               ratios::outputOf(program, {QStringLiteral("--profile"), path(),
+                                          QStringLiteral("--list-settings")})
+                   .contains(";" QUEL_PACKAGE "\n");
+    }
 
     static bool copied(const QString& from, const QString& to)
     {

@@ -6,16 +6,31 @@
 
 namespace ratios {
 
-int runQuietly(const QString& program, const QStringList& arguments)
+namespace {
+
+int runIn(QProcess& process, const QString& program, const QStringList& arguments)
 {
-    QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.setStandardInputFile(QProcess::nullDevice());
-    process.setStandardOutputFile(QProcess::nullDevice());
     process.start(program, arguments);
     if (!process.waitForFinished(-1) || process.exitStatus() != QProcess::NormalExit)
         return -1;
     return process.exitCode();
+}
+
+} // namespace
+
+int runQuietly(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.setStandardOutputFile(QProcess::nullDevice());
+    return runIn(process, program, arguments);
+}
+
+QByteArray outputOf(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    return runIn(process, program, arguments) == 0 ? process.readAllStandardOutput() : QByteArray();
 }
 
 Work process(const QString& program, const std::function<QStringList()>& arguments)

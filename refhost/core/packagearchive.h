@@ -32,8 +32,8 @@ struct ArchiveLimits
 struct ArchiveEntry
 {
     QString name;
-    QByteArray bytes;
-    bool isGood = false; // else there is a fault about it and no bytes
+    QByteArray bytes;    // none before it is unpacked
+    bool isGood = false; // else there is a fault about it
 };
 
 // What came out. A fault that concerns an entry leaves the others readable, so that all faults can
@@ -50,7 +50,7 @@ struct ArchiveReading
 
 // Called with each good entry as soon as it is unpacked, the text before all others. It may take
 // the bytes away, so that those of all entries are never there at once. `reading` has the names of
-// all entries, and the faults that were found before anything was unpacked.
+// all entries, and no faults yet.
 using EntryUse = std::function<void(const ArchiveReading& reading, ArchiveEntry& entry)>;
 
 // `file` is the name for faults.

@@ -148,7 +148,6 @@ void Session::run()
         tell({closed.fault().text()});
 }
 
-// Two attempts that fail for one cause have one sentence.
 void Session::tell(const std::vector<QString>& notices)
 {
     for (const QString& notice : notices) {

@@ -52,11 +52,12 @@ private:
     [[nodiscard]] Status openProfile(const InstalledFiles& files);
     [[nodiscard]] Status startHost(const InstalledFiles& files, const MakeLines& makeLines,
                                    bool hasDisplay);
+    // Each sentence once in the session, whatever led to it.
     void tell(const std::vector<QString>& notices);
 
     const Options m_options;
     Output& m_output;
-    QStringList m_told;
+    QStringList m_told; // sentences
     std::unique_ptr<Profile> m_profile;
     std::unique_ptr<SettingsStore> m_settings;
     std::unique_ptr<LineSource> m_lines;

@@ -84,11 +84,12 @@ public:
     // what the program needs and could not store.
     void setForThisRun(const Item& item);
 
-    // Replaces the last good copy by one of the present state. A copy that cannot be completed, or
-    // is not sound, leaves the former one as it is. NotPermitted when the store is not writable.
+    // Replaces the last good copy by one of the present state, unless it is sound and holds the
+    // same. A copy that cannot be completed, or is not sound, leaves the former one as it is.
+    // NotPermitted when the store is not writable.
     [[nodiscard]] Status keepGoodCopy();
 
-    // The clean end: makes a good copy and closes the file; only destruction may follow. A fault
+    // The clean end: keeps a good copy and closes the file; only destruction may follow. A fault
     // concerns the good copy alone. A store that is not writable is only closed.
     [[nodiscard]] Status close();
 

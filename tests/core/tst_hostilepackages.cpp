@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
@@ -55,6 +56,11 @@ TEST(HostilePackages, AreManyAndEachHasANameOfItsOwn)
     for (const HostilePackage& package : hostilePackages())
         EXPECT_TRUE(names.insert(package.name).second) << package.name;
     EXPECT_GE(names.size(), 150U);
+    const std::vector<HostilePackage> all = hostilePackages();
+    const auto inHeaders = std::count_if(all.begin(), all.end(), [](const HostilePackage& package) {
+        return package.faultIn == FaultIn::Headers;
+    });
+    EXPECT_GE(inHeaders, 50);
 }
 
 TEST_P(EachHostilePackage, IsRefusedWithTheSentenceThatNamesTheFault)

@@ -23,8 +23,6 @@ RunningProgram::RunningProgram(const QStringList& arguments, const QString& fold
     }
     surroundings.insert(QStringLiteral("HOME"), folder);
     surroundings.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    // The toolkit's offscreen platform never frees its screen.
-    surroundings.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
     m_process.setProcessEnvironment(surroundings);
     m_process.setWorkingDirectory(folder);
     m_process.start(QStringLiteral(QUELHOST_PROGRAM), arguments);

@@ -78,8 +78,7 @@ protected:
                                        text("--report-status")},
                                       {{text("TERM"), text("xterm-256color")},
                                        {text("LC_ALL"), text("C.UTF-8")},
-                                       {text("NO_COLOR"), text("1")},
-                                       {text("ASAN_OPTIONS"), text("detect_leaks=0")}}));
+                                       {text("NO_COLOR"), text("1")}}));
         ASSERT_TRUE(m_terminal->expect("Command: ")) << world.story();
         ASSERT_EQ(world.restart(world.storedList()), "") << world.story();
         m_isSure = true;

@@ -3,6 +3,7 @@
 #include "refhost/core/widetext.h"
 #include "tests/support/menufolder.h"
 #include "tests/support/recordinghost.h"
+#include "tests/support/testrounds.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +11,6 @@
 #include <QFileInfo>
 #include <QStringList>
 
-#include <cstdlib>
 #include <iostream>
 #include <random>
 
@@ -47,13 +47,6 @@ bool isLoadedPlainly(const std::wstring& text, const std::wstring& path)
             return true;
     }
     return false;
-}
-
-unsigned int chosenSeed()
-{
-    const char* const given = std::getenv("TEST_SEED");
-    return given != nullptr ? static_cast<unsigned int>(std::strtoul(given, nullptr, 10))
-                            : std::random_device()();
 }
 
 } // namespace
@@ -345,9 +338,9 @@ TEST(LoadedMenuFileList, AgreesWithTheRuleOnRandomLists)
     const std::vector<std::wstring> ends{L".cuix", L".CUIX", L"", L".x.cuix"};
     const std::vector<std::wstring> folders{folder.folder(L"one"), folder.folder(L"two"),
                                             folder.path(L"none")};
-    const unsigned int seed = chosenSeed();
-    SCOPED_TRACE("TEST_SEED=" + std::to_string(seed));
-    std::cout << "TEST_SEED=" << seed << "\n";
+    const unsigned int seed = wantedSeed();
+    SCOPED_TRACE("QUELHOST_TEST_SEED=" + std::to_string(seed));
+    std::cout << "QUELHOST_TEST_SEED=" << seed << "\n";
     std::mt19937 random(seed);
     const auto pick = [&random](const std::vector<std::wstring>& from) {
         return from[std::uniform_int_distribution<std::size_t>(0, from.size() - 1)(random)];

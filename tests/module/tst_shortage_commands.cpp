@@ -68,8 +68,8 @@ void allowDialogs()
     loaddialog::describeControls();
 }
 
-// The user types a path into the dialog's edit. Its signal has a case of its own in the dialog's
-// tests: the toolkit loses texts when an error passes through it.
+// The user types a path into the dialog's edit. Its signal is held back, since the toolkit loses
+// texts when an error passes through it; the slot has a case of its own in the dialog's tests.
 void typeInto(QuUiBaseDialog& dialog, const std::wstring& path)
 {
     const HostCode user;

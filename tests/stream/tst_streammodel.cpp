@@ -89,7 +89,7 @@ private:
 
 unsigned int chosenSeed()
 {
-    const char* const given = std::getenv("TEST_SEED");
+    const char* const given = std::getenv("QUELHOST_TEST_SEED");
     return given != nullptr ? static_cast<unsigned int>(std::strtoul(given, nullptr, 10))
                             : std::random_device()();
 }
@@ -162,21 +162,21 @@ TEST(StreamModel, HoldsForEverySmallCopy)
 TEST(StreamModel, HoldsForChanceSequencesInMemory)
 {
     const unsigned int seed = chosenSeed();
-    std::cout << "TEST_SEED=" << seed << "\n";
+    std::cout << "QUELHOST_TEST_SEED=" << seed << "\n";
     Chance chance(seed);
     for (int round = 0; round < kSequences; ++round) {
         Trace trace;
         std::array<Side, 2> sides{streams::memorySide('A', chance.stream(), trace),
                                   streams::memorySide('B', chance.stream(), trace)};
         ASSERT_EQ(sequenceDifference(chance, sides, trace), "")
-            << "TEST_SEED=" << seed << ", sequence " << round;
+            << "QUELHOST_TEST_SEED=" << seed << ", sequence " << round;
     }
 }
 
 TEST(StreamModel, HoldsForChanceSequencesOnFiles)
 {
     const unsigned int seed = chosenSeed();
-    std::cout << "TEST_SEED=" << seed << "\n";
+    std::cout << "QUELHOST_TEST_SEED=" << seed << "\n";
     Chance chance(seed);
     const streams::TemporaryFile file;
     for (int round = 0; round < kSequences / 100; ++round) {
@@ -188,6 +188,6 @@ TEST(StreamModel, HoldsForChanceSequencesOnFiles)
         std::array<Side, 2> sides{streams::fileSide('A', file.path(), ofFile, trace),
                                   streams::memorySide('B', chance.stream(), trace)};
         ASSERT_EQ(sequenceDifference(chance, sides, trace), "")
-            << "TEST_SEED=" << seed << ", sequence " << round;
+            << "QUELHOST_TEST_SEED=" << seed << ", sequence " << round;
     }
 }

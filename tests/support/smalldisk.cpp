@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include <array>
 #include <cerrno>
 
 #include <fcntl.h>
@@ -54,10 +55,10 @@ SmallDisk::~SmallDisk()
 bool SmallDisk::fill(int butKilobytes) const
 {
     const int file = ::open(ballast().constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
-    const QByteArray bytes(1024, 'x');
+    const std::array<char, 1024> bytes{};
     off_t size = ::lseek(file, 0, SEEK_END);
     ssize_t written = 0;
-    while ((written = ::write(file, bytes.constData(), 1024)) > 0)
+    while ((written = ::write(file, bytes.data(), bytes.size())) > 0)
         size += written;
     const bool full = file >= 0 && errno == ENOSPC;
     const bool left = ::ftruncate(file, size - butKilobytes * 1024) == 0;

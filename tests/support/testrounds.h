@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <random>
+#include <stdexcept>
 #include <string>
 
 // The number of rounds, or of cases that are picked from many: `usual`, unless QUELHOST_TEST_ROUNDS
@@ -10,7 +11,10 @@
 inline int wantedRounds(int usual)
 {
     const char* wanted = std::getenv("QUELHOST_TEST_ROUNDS");
-    return wanted ? std::atoi(wanted) : usual;
+    const int rounds = wanted ? std::stoi(wanted) : usual;
+    if (rounds < 1)
+        throw std::invalid_argument("QUELHOST_TEST_ROUNDS is no number above 0");
+    return rounds;
 }
 
 // From QUELHOST_TEST_SEED, or a new one each time; a test says which it was.

@@ -291,7 +291,10 @@ TracedEnd TracedRun::run() const
     if (!streams.open(input))
         return {};
     const StringVector argumentStrings(QStringList{QStringLiteral(QUELHOST_PROGRAM)} + arguments);
-    const StringVector environment(programEnvironment(home.path()).toStringList());
+    QProcessEnvironment surroundings = programEnvironment(home.path());
+    // A traced process cannot look for its leaks.
+    surroundings.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    const StringVector environment(surroundings.toStringList());
     const QByteArray folder = QFile::encodeName(home.path());
     const pid_t process = ::fork();
     if (process == 0)

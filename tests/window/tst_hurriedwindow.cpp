@@ -156,6 +156,7 @@ protected:
         std::vector<ListModel::Shown> shown;
         for (const quelhost::ShownGroup& group : host.groups.groups())
             shown.push_back({group.path, group.group.name.toStdWString(), group.unlisted});
+        m_listChanges += text != m_model->text() ? 1 : 0;
         // Groups are shown anew when something was loaded or unloaded, and back again perhaps.
         if (text != m_model->text() || told(shown) != told(m_model->shown()))
             m_model->follow(text);
@@ -188,6 +189,7 @@ protected:
     }
 
     hurry::World world{hurry::Typist::Person};
+    int m_listChanges = 0; // by the user
 
 private:
     // What is wrong with the list after loading and unloading.
@@ -258,6 +260,8 @@ TEST_F(HurriedWindow, StaysWhatItsListSays)
         EXPECT_EQ(Host::current(), nullptr);
     }
     EXPECT_EQ(user.problem(), "") << world.story();
+    EXPECT_GT(m_listChanges, 0) << "the user has to get through to the commands";
+    EXPECT_GT(user.seen().size(), 1U) << "and to dialogs";
     std::string seen;
     for (const auto& [kind, times] : user.seen())
         seen += kind + " " + std::to_string(times) + ", ";
