@@ -50,6 +50,14 @@ protected:
             m_packages << profile.package(number);
     }
 
+    // A session on the profile that is to be killed.
+    [[nodiscard]] ProgramRun victim(const QString& lines) const
+    {
+        ProgramRun run = profile.script(lines);
+        run.leakSearch = LeakSearch::None;
+        return run;
+    }
+
     unsigned int below(qint64 bound)
     {
         return static_cast<unsigned int>(m_random() %
@@ -79,7 +87,7 @@ protected:
         const Plan commands = plan({});
         QElapsedTimer timer;
         timer.start();
-        LiveProgram program(profile.script(commands.lines));
+        LiveProgram program(victim(commands.lines));
         program.waitForStatuses(1);
         Durations durations;
         durations.start = timer.nsecsElapsed() / 1000;
@@ -127,7 +135,7 @@ TEST_F(Killed, GoesOnFromTheLastAcknowledgedListOrTheNext)
         const Kill moment = kill(commands, durations);
         SCOPED_TRACE("round " + std::to_string(round) + ", " + std::to_string(moment.delay) +
                      " us after status " + std::to_string(moment.afterStatuses));
-        LiveProgram program(profile.script(commands.lines));
+        LiveProgram program(victim(commands.lines));
         ASSERT_TRUE(program.waitForStatuses(moment.afterStatuses));
         ::usleep(static_cast<useconds_t>(moment.delay));
         kills += program.kill() ? 1 : 0;

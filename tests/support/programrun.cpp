@@ -40,13 +40,15 @@ private:
 
 } // namespace
 
-QProcessEnvironment programEnvironment(const QString& home)
+QProcessEnvironment programEnvironment(const QString& home, LeakSearch leakSearch)
 {
     QProcessEnvironment surroundings;
     for (const char* name : {"PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS"}) {
         if (qEnvironmentVariableIsSet(name))
             surroundings.insert(QLatin1String(name), qEnvironmentVariable(name));
     }
+    if (leakSearch == LeakSearch::None)
+        surroundings.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
     surroundings.insert(QStringLiteral("HOME"), home);
     surroundings.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     return surroundings;
@@ -63,7 +65,7 @@ LiveProgram::LiveProgram(const ProgramRun& run, bool moreInput)
     : m_timeLimitMs(run.timeLimitMs)
     , m_process(std::make_unique<LimitedProcess>(run.runAsUser, run.fileSizeLimit))
 {
-    QProcessEnvironment surroundings = programEnvironment(m_home.path());
+    QProcessEnvironment surroundings = programEnvironment(m_home.path(), run.leakSearch);
     for (auto each = run.environment.begin(); each != run.environment.end(); ++each)
         surroundings.insert(each.key(), each.value());
     m_process->setProcessEnvironment(surroundings);

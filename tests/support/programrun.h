@@ -11,8 +11,12 @@
 
 #include <memory>
 
+// Whether a sanitized program looks for its leaks when it ends. One that is traced, or killed in
+// the middle of looking, cannot, and says so among its own diagnostics.
+enum class LeakSearch { AtEnd, None };
+
 // What the program finds in its environment: no display, and no settings of the user's.
-[[nodiscard]] QProcessEnvironment programEnvironment(const QString& home);
+[[nodiscard]] QProcessEnvironment programEnvironment(const QString& home, LeakSearch leakSearch);
 
 // What a run left behind.
 struct ProgramResult
@@ -35,6 +39,7 @@ struct ProgramRun
     int timeLimitMs = 30000;  // a hang, not a measure
     int runAsUser = 0;        // with these rights instead of the superuser's
     qint64 fileSizeLimit = 0; // no file can grow beyond this many bytes; 0 for no limit
+    LeakSearch leakSearch = LeakSearch::AtEnd;
 
     // Runs the program to its end, without a display and with no settings of the user's.
     [[nodiscard]] ProgramResult run() const;

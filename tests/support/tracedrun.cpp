@@ -291,10 +291,8 @@ TracedEnd TracedRun::run() const
     if (!streams.open(input))
         return {};
     const StringVector argumentStrings(QStringList{QStringLiteral(QUELHOST_PROGRAM)} + arguments);
-    QProcessEnvironment surroundings = programEnvironment(home.path());
-    // A traced process cannot look for its leaks.
-    surroundings.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
-    const StringVector environment(surroundings.toStringList());
+    const StringVector environment(
+        programEnvironment(home.path(), LeakSearch::None).toStringList());
     const QByteArray folder = QFile::encodeName(home.path());
     const pid_t process = ::fork();
     if (process == 0)
