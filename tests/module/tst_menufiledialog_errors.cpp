@@ -1,6 +1,6 @@
 // The file dialog for menu files when the host fails: nothing is lost and nothing leaks.
 #include "tests/module/filedialogfixture.h"
-#include "tests/support/allocationfailure.h"
+#include "tests/support/memorywatch.h"
 #include "tests/support/thrownerror.h"
 
 #include <array>
@@ -84,18 +84,17 @@ TEST_F(FileDialog, ReportsThatThereIsNoMemoryForWhatItStores)
     struct Row
     {
         const char* name;
-        std::size_t refusedFrom;
+        std::size_t refusedSize;
         int writes;
     };
     const std::wstring file(1000, L'f');
     for (const Row& row : {Row{"filter", 8, 0}, Row{"file", 4 + 1001 * 4, 1}}) {
         recording::reset();
         pick(file, 2, 1);
-        const auto error = recording::errorThrownBy([&] {
-            const recording::MallocFails exhausted(row.refusedFrom);
-            return ask();
-        });
+        recording::MemoryWatch watch(recording::Refusal::ofSize(row.refusedSize));
+        const auto error = recording::errorThrownBy([&] { watch.run([this] { return ask(); }); });
         ASSERT_NE(error, nullptr) << row.name;
+        EXPECT_EQ(watch.refused(), 1) << row.name;
         EXPECT_EQ(error->status(), Quel::eNoMemory) << row.name;
         ASSERT_EQ(host().crashes.size(), 1U) << row.name;
         EXPECT_EQ(host().crashes.front().address, error.get()) << row.name;

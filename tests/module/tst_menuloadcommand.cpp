@@ -2,7 +2,7 @@
 #include "tests/module/menuloadfixture.h"
 
 #include "refhost/core/widetext.h"
-#include "tests/support/allocationfailure.h"
+#include "tests/support/memorywatch.h"
 #include "tests/support/tracetext.h"
 
 #include <climits>
@@ -464,16 +464,17 @@ TEST_F(MenuLoad, ReportsMemoryThatRunsOutWhileTheListIsBuilt)
         host().recorderIsThere.usually(recorder);
         setList(old);
         type(path);
+        const std::size_t newBlock = (old.size() + 1 + path.size() + 1) * 4 + 4;
+        recording::MemoryWatch watch(recording::Refusal::ofSize(newBlock));
         VxErrorStatus* caught = nullptr;
         try {
-            const std::size_t newBlock = (old.size() + 1 + path.size() + 1) * 4 + 4;
-            const recording::MallocFails exhausted(newBlock);
-            run();
+            watch.run([this] { run(); });
         } catch (VxErrorStatus* error) {
             caught = error;
         }
         ASSERT_NE(caught, nullptr);
         EXPECT_EQ(caught->status(), Quel::eNoMemory);
+        EXPECT_EQ(watch.refused(), 1);
         EXPECT_EQ(host().crashes.size(), recorder ? 1U : 0U);
         if (recorder) {
             EXPECT_EQ(host().crashes.front().address, caught);

@@ -1,7 +1,7 @@
 // The list of the menu load dialog: what it shows and what Load adds to it.
 #include "tests/module/menuloaddialogfixture.h"
 
-#include "tests/support/allocationfailure.h"
+#include "tests/support/memorywatch.h"
 
 namespace loaddialog {
 
@@ -321,12 +321,11 @@ TEST_F(LoadDialogList, ReportsThatMemoryRunsOutWhenTheListIsStored)
     open(old);
     type(plant);
     const std::size_t newBlock = (old.size() + 1 + plant.size() + 1) * 4 + 4;
-    const auto caught = errorOutOf([&] {
-        const recording::MallocFails exhausted(newBlock);
-        dialog->OnBtnLoadMenu();
-    });
+    recording::MemoryWatch watch(recording::Refusal::ofSize(newBlock));
+    const auto caught = errorOutOf([&] { watch.run([this] { dialog->OnBtnLoadMenu(); }); });
     ASSERT_NE(caught, nullptr);
     EXPECT_EQ(caught->status(), Quel::eNoMemory);
+    EXPECT_EQ(watch.refused(), 1);
     ASSERT_EQ(host().crashes.size(), 1U);
     EXPECT_EQ(host().crashes.front().address, caught.get());
     EXPECT_FALSE(dialog->isChanged());

@@ -1,7 +1,7 @@
 // MENUUNLOAD when the host throws or memory runs out: the scope is left, nothing is lost.
 #include "tests/module/menuunloadfixture.h"
 
-#include "tests/support/allocationfailure.h"
+#include "tests/support/memorywatch.h"
 #include "tests/support/thrownerror.h"
 
 #include <functional>
@@ -92,19 +92,11 @@ TEST_F(MenuUnload, ReportsMemoryThatRunsOutForTheNewList)
         host().recorderIsThere.usually(recorder);
         type(plant);
         const std::size_t newBlock = 4 + rest.size() * 4 + 4;
-        std::size_t refused = 0;
-        const auto error = recording::errorThrownBy([&] {
-            const recording::MallocFails exhausted(newBlock, newBlock);
-            try {
-                run();
-            } catch (...) {
-                refused = exhausted.refused();
-                throw;
-            }
-        });
+        recording::MemoryWatch watch(recording::Refusal::ofSize(newBlock));
+        const auto error = recording::errorThrownBy([&] { watch.run([this] { run(); }); });
         ASSERT_NE(error, nullptr);
         EXPECT_EQ(error->status(), Quel::eNoMemory);
-        EXPECT_EQ(refused, newBlock);
+        EXPECT_EQ(watch.refused(), 1);
         ASSERT_EQ(host().crashes.size(), recorder ? 1U : 0U);
         if (recorder) {
             EXPECT_EQ(host().crashes.front().address, error.get());
@@ -126,12 +118,11 @@ TEST_F(MenuUnload, ReportsMemoryThatRunsOutForAnEmptyList)
 {
     startAnew(L";" + plant);
     type(plant);
-    const auto error = recording::errorThrownBy([&] {
-        const recording::MallocFails exhausted(8, 8);
-        run();
-    });
+    recording::MemoryWatch watch(recording::Refusal::ofSize(8));
+    const auto error = recording::errorThrownBy([&] { watch.run([this] { run(); }); });
     ASSERT_NE(error, nullptr);
     EXPECT_EQ(error->status(), Quel::eNoMemory);
+    EXPECT_EQ(watch.refused(), 1);
     EXPECT_EQ(host().crashes.size(), 1U);
     EXPECT_EQ(stored(), L";" + plant);
     EXPECT_EQ(unload(plant), 5100);

@@ -1,6 +1,6 @@
 #include "host/quelvariant.h"
 
-#include "tests/support/allocationfailure.h"
+#include "tests/support/memorywatch.h"
 #include "tests/support/recordinghost.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +13,8 @@
 #include <stdexcept>
 
 using recording::host;
+using recording::MemoryWatch;
+using recording::Refusal;
 using Lines = std::vector<std::string>;
 
 namespace {
@@ -75,6 +77,14 @@ std::unique_ptr<VxErrorStatus> errorOf(Code code)
         return std::unique_ptr<VxErrorStatus>(error);
     }
     return nullptr;
+}
+
+// The same when it does not get the memory that it asks for first.
+template<typename Code>
+std::unique_ptr<VxErrorStatus> errorWithoutMemory(Code code)
+{
+    MemoryWatch watch(Refusal::one(1));
+    return errorOf([&] { watch.run(code); });
 }
 
 #if !defined(__SANITIZE_THREAD__) // which would keep a note of each of the bytes read
@@ -185,10 +195,8 @@ TEST(QuelVariant, ReportsMemoryThatRunsOut)
     for (const auto& [type, payloadBytes] :
          {std::pair{5, 4}, std::pair{1, 0}, std::pair{2, 0}, std::pair{0, 8}}) {
         recording::reset();
-        const auto error = errorOf([type = type, payloadBytes = payloadBytes] {
-            const recording::MallocFails exhausted(0);
-            allocate(type, payloadBytes);
-        });
+        const auto error = errorWithoutMemory(
+            [type = type, payloadBytes = payloadBytes] { allocate(type, payloadBytes); });
         ASSERT_NE(error, nullptr) << type;
         EXPECT_EQ(error->status(), 6) << type;
         EXPECT_STREQ(error->context(), L"\"\"") << type;
@@ -201,19 +209,11 @@ TEST(QuelVariant, ReportsMemoryThatRunsOut)
 
 TEST(QuelVariant, AsksForTheWholeSizeOfTheLargestPayload)
 {
-    std::size_t refused = 0;
-    const auto error = errorOf([&refused] {
-        const recording::MallocFails exhausted(1U << 30);
-        try {
-            allocate(5, INT_MAX);
-        } catch (...) {
-            refused = exhausted.refused();
-            throw;
-        }
-    });
+    MemoryWatch watch(Refusal::ofSize(2147483651U));
+    const auto error = errorOf([&] { watch.run([] { allocate(5, INT_MAX); }); });
     ASSERT_NE(error, nullptr);
     EXPECT_EQ(error->status(), 6);
-    EXPECT_EQ(refused, 2147483651U);
+    EXPECT_EQ(watch.refused(), 1);
 }
 
 TEST(QuelVariant, StoresStrings)
@@ -267,19 +267,14 @@ TEST(QuelVariant, HoldsTheNewKindAndNothingWhenMemoryRunsOut)
 {
     QuelVariant value;
     value.setInteger(7);
-    const auto error = errorOf([&value] {
-        const recording::MallocFails exhausted(0);
-        value.setString(L"text", QuelVariant::kString);
-    });
+    const auto error =
+        errorWithoutMemory([&value] { value.setString(L"text", QuelVariant::kString); });
     ASSERT_NE(error, nullptr);
     EXPECT_EQ(error->status(), 6);
     EXPECT_EQ(value.type(), QuelVariant::kString);
     EXPECT_EQ(value.block(), nullptr);
     EXPECT_EQ(value.stringOrEmpty(), L"");
-    const auto second = errorOf([&value] {
-        const recording::MallocFails exhausted(0);
-        value.setInteger(8);
-    });
+    const auto second = errorWithoutMemory([&value] { value.setInteger(8); });
     ASSERT_NE(second, nullptr);
     EXPECT_EQ(value.type(), QuelVariant::kInteger);
     EXPECT_EQ(value.integerOrZero(), 0);
@@ -291,12 +286,12 @@ TEST(QuelVariant, ReportsMemoryThatRunsOutForALongTextOnlyInItsOwnWay)
 {
     const std::wstring text(100000, L'x');
     QuelVariant value = stringOf(L"old");
-    const auto error = errorOf([&] {
-        const recording::MemoryExhausted exhausted(text.size() * sizeof(wchar_t));
-        value.setString(text.c_str(), QuelVariant::kString);
-    });
+    MemoryWatch watch(Refusal::ofAtLeast(text.size() * sizeof(wchar_t)));
+    const auto error =
+        errorOf([&] { watch.run([&] { value.setString(text.c_str(), QuelVariant::kString); }); });
     ASSERT_NE(error, nullptr);
     EXPECT_EQ(error->status(), 6);
+    EXPECT_EQ(watch.refused(), 1);
     EXPECT_EQ(host().crashes.size(), 1U);
     EXPECT_EQ(value.block(), nullptr);
 }
@@ -410,10 +405,7 @@ TEST(QuelVariant, HoldsNothingWhenACopyFindsNoMemory)
 {
     const QuelVariant original = stringOf(L"text");
     QuelVariant target = stringOf(L"old");
-    const auto error = errorOf([&] {
-        const recording::MallocFails exhausted(0);
-        target = original;
-    });
+    const auto error = errorWithoutMemory([&] { target = original; });
     ASSERT_NE(error, nullptr);
     EXPECT_EQ(error->status(), 6);
     EXPECT_EQ(target.block(), nullptr);

@@ -1,6 +1,6 @@
 // What copies and transfers ask of the heap: the same however long the streams are.
 #include "tests/stream/streampair.h"
-#include "tests/support/allocationcount.h"
+#include "tests/support/memorywatch.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <new>
 #include <stdexcept>
 
-using recording::AllocationCount;
+using recording::MemoryWatch;
 using streams::Bytes;
 using streams::Lines;
 using streams::pattern;
@@ -57,10 +57,12 @@ TEST(StreamMemory, CopiesTakeNothingFromTheHeap)
     for (const unsigned long length : {1UL, 4096UL, 4097UL, 64UL << 20, 5 * kGiB}) {
         EmptyRoad source(length);
         EmptyRoad target(length);
-        const AllocationCount count;
-        source.copyTo(&target, 0, length);
-        target.copyFrom(&source, 0, 0);
-        EXPECT_EQ(count.requests(), 0U) << length;
+        MemoryWatch watch;
+        watch.run([&] {
+            source.copyTo(&target, 0, length);
+            target.copyFrom(&source, 0, 0);
+        });
+        EXPECT_EQ(watch.requests(), 0) << length;
         EXPECT_EQ(source.moved, 2 * length);
         EXPECT_EQ(target.moved, 2 * length);
         EXPECT_LE(source.largestPiece, 4096U);
@@ -72,10 +74,12 @@ TEST(StreamMemory, SmallTransfersTakeNothingFromTheHeap)
     for (const unsigned int size : {0U, 1U, 1023U, 1024U}) {
         EmptyRoad source(size);
         EmptyRoad target(size);
-        const AllocationCount count;
-        source.readBytes(&target, size);
-        target.writeBytes(&source, size);
-        EXPECT_EQ(count.requests(), 0U) << size;
+        MemoryWatch watch;
+        watch.run([&] {
+            source.readBytes(&target, size);
+            target.writeBytes(&source, size);
+        });
+        EXPECT_EQ(watch.requests(), 0) << size;
         EXPECT_EQ(source.moved, 2 * size);
     }
 }
@@ -87,20 +91,15 @@ TEST(StreamMemory, LargerTransfersTakeWhatTheyMoveUpToALimit)
         EmptyRoad source(size);
         EmptyRoad target(size);
         const unsigned int room = std::min(size, 1048576U);
-        {
-            const AllocationCount count;
-            source.readBytes(&target, size);
-            EXPECT_EQ(count.requests(), 1U) << size;
-            EXPECT_EQ(count.bytes(), room) << size;
-            EXPECT_EQ(count.releases(), 1U) << size;
-        }
-        {
-            const AllocationCount count;
-            target.writeBytes(&source, size);
-            EXPECT_EQ(count.requests(), 1U) << size;
-            EXPECT_EQ(count.bytes(), room) << size;
-            EXPECT_EQ(count.releases(), 1U) << size;
-        }
+        MemoryWatch watch;
+        watch.run([&] { source.readBytes(&target, size); });
+        EXPECT_EQ(watch.requests(), 1) << size;
+        EXPECT_EQ(watch.bytes(), room) << size;
+        EXPECT_EQ(watch.live(), Lines{}) << size;
+        watch.run([&] { target.writeBytes(&source, size); });
+        EXPECT_EQ(watch.requests(), 2) << size;
+        EXPECT_EQ(watch.bytes(), std::size_t{2} * room) << size;
+        EXPECT_EQ(watch.live(), Lines{}) << size;
         EXPECT_EQ(source.moved, 2UL * size);
         EXPECT_EQ(target.moved, 2UL * size);
         EXPECT_EQ(target.largestPiece, room);
@@ -112,30 +111,25 @@ TEST(StreamMemory, IsGivenBackWhenAStoreThrows)
     EmptyRoad source(5000);
     EmptyRoad target(5000);
     target.throws = true;
-    std::size_t leftBehind = 1;
-    {
-        const AllocationCount count;
-        EXPECT_THROW(source.readBytes(&target, 5000), std::runtime_error);
-        EXPECT_GE(count.bytes(), 5000U);
-        leftBehind = count.requests() - count.releases();
-    }
-    EXPECT_EQ(leftBehind, 0U);
+    MemoryWatch watch;
+    EXPECT_THROW(watch.run([&] { source.readBytes(&target, 5000); }), std::runtime_error);
+    EXPECT_GE(watch.bytes(), 5000U);
+    EXPECT_EQ(watch.live(), Lines{});
 }
 
 TEST(StreamMemory, EndsATransferThatFindsNone)
 {
     StreamPair pair(pattern(5000), 3, pattern(10), 6);
-    {
-        const recording::NewFails exhausted(4000);
-        EXPECT_THROW(pair.a.readBytes(&pair.b, 4500), std::bad_alloc);
-        EXPECT_EQ(pair.storeA.position(), 3U);
-        EXPECT_EQ(pair.storeB.position(), 0U);
-        pair.storeB.seek(6, VxStreamBuf::kFromStart);
-        EXPECT_THROW(pair.b.writeBytes(&pair.a, 4500), std::bad_alloc);
-        EXPECT_EQ(pair.storeA.position(), 0U);
-        EXPECT_EQ(pair.storeB.position(), 6U);
-        EXPECT_EQ(pair.pieces(), Lines{});
-        pair.a.copyTo(&pair.b, 20, 40);
-    }
+    MemoryWatch watch(recording::Refusal::ofAtLeast(4000));
+    EXPECT_THROW(watch.run([&] { pair.a.readBytes(&pair.b, 4500); }), std::bad_alloc);
+    EXPECT_EQ(pair.storeA.position(), 3U);
+    EXPECT_EQ(pair.storeB.position(), 0U);
+    pair.storeB.seek(6, VxStreamBuf::kFromStart);
+    EXPECT_THROW(watch.run([&] { pair.b.writeBytes(&pair.a, 4500); }), std::bad_alloc);
+    EXPECT_EQ(pair.storeA.position(), 0U);
+    EXPECT_EQ(pair.storeB.position(), 6U);
+    EXPECT_EQ(pair.pieces(), Lines{});
+    watch.run([&] { pair.a.copyTo(&pair.b, 20, 40); });
+    EXPECT_EQ(watch.refused(), 2);
     EXPECT_EQ(pair.pieces(), (Lines{"A.read(20) -> 20", "B.write(20) -> 20"}));
 }

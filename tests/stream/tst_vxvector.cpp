@@ -1,7 +1,7 @@
 // Vectors that share one block.
 #include "stream/vxvector.h"
 
-#include "tests/support/allocationfailure.h"
+#include "tests/support/memorywatch.h"
 
 #include <gtest/gtest.h>
 
@@ -251,13 +251,13 @@ TEST(Vector, SaysWhenThereIsNoMemoryForItsBlock)
 {
     const int number = 7;
     IntVector vector(&number, 1);
-    {
-        // Of all that follows, only the block is as large.
-        const recording::MallocFails fails(sizeof(void*) * 3, sizeof(void*) * 4);
-        EXPECT_THROW(IntVector(&number, 1), std::bad_alloc);
-        EXPECT_THROW(vector.append(8), std::bad_alloc);
-        EXPECT_EQ(fails.refused(), sizeof(void*) * 4);
-    }
+    // Of all that follows, only the block is as large.
+    recording::MemoryWatch watch(recording::Refusal::ofSize(sizeof(void*) * 4));
+    EXPECT_THROW(watch.run([&number] { IntVector(&number, 1); }), std::bad_alloc);
+    EXPECT_EQ(watch.refused(), 1);
+    EXPECT_THROW(watch.run([&vector] { vector.append(8); }), std::bad_alloc);
+    EXPECT_EQ(watch.refused(), 2);
+    EXPECT_TRUE(watch.live().empty());
     EXPECT_EQ(elementsOf(vector), std::vector<int>{7});
 }
 

@@ -38,6 +38,7 @@ int blockCount = 0;
 int lostBlocks = 0; // that did not fit
 
 int requestCount = 0;
+std::size_t requestedBytes = 0;
 int refusedCount = 0;
 recording::Refusal inForce;
 
@@ -55,7 +56,9 @@ UNCHECKED bool mayHave(std::size_t size)
     if (!counts())
         return true;
     ++requestCount;
-    if ((requestCount < inForce.first || requestCount > inForce.last) && size != inForce.size)
+    requestedBytes += size;
+    if ((requestCount < inForce.first || requestCount > inForce.last) &&
+        (size < inForce.smallest || size > inForce.largest))
         return true;
     ++refusedCount;
     errno = ENOMEM;
@@ -125,6 +128,7 @@ MemoryWatch::MemoryWatch(Refusal refusal)
     blockCount = 0;
     lostBlocks = 0;
     requestCount = 0;
+    requestedBytes = 0;
     refusedCount = 0;
     inForce = refusal;
     threadWatches = true;
@@ -138,6 +142,11 @@ MemoryWatch::~MemoryWatch()
 int MemoryWatch::requests() const
 {
     return requestCount;
+}
+
+std::size_t MemoryWatch::bytes() const
+{
+    return requestedBytes;
 }
 
 int MemoryWatch::refused() const

@@ -23,11 +23,14 @@ struct Refusal
 {
     int first = 0; // 0: none
     int last = 0;
-    std::size_t size = SIZE_MAX; // any request of that many bytes
+    // Besides, any request of that many bytes.
+    std::size_t smallest = SIZE_MAX;
+    std::size_t largest = SIZE_MAX;
 
     static Refusal one(int request) { return {request, request}; }
     static Refusal from(int request) { return {request, INT32_MAX}; }
-    static Refusal ofSize(std::size_t bytes) { return {0, 0, bytes}; }
+    static Refusal ofSize(std::size_t bytes) { return {0, 0, bytes, bytes}; }
+    static Refusal ofAtLeast(std::size_t bytes) { return {0, 0, bytes, SIZE_MAX}; }
 };
 
 // One at a time.
@@ -49,6 +52,7 @@ public:
     }
 
     [[nodiscard]] int requests() const;
+    [[nodiscard]] std::size_t bytes() const; // of all requests
     [[nodiscard]] int refused() const;
     // What was allocated inside run() and has not been freed, here or outside: a line for each
     // block with its number among the requests and its size.

@@ -9,9 +9,11 @@
 
 #include <cstdlib>
 #include <functional>
+#include <iterator>
 #include <new>
 #include <string>
 #include <thread>
+#include <vector>
 
 using recording::MemoryWatch;
 using recording::Refusal;
@@ -108,7 +110,37 @@ TEST(TheMemoryWatch, RefusesTheRequestsThatItIsToldTo)
     EXPECT_EQ(thrice({}), "+++");
     EXPECT_EQ(thrice(Refusal::one(2)), "+-+");
     EXPECT_EQ(thrice(Refusal::from(2)), "+--");
-    EXPECT_EQ(thrice(Refusal::ofSize(30)), "++-");
+    EXPECT_EQ(thrice(Refusal::ofSize(20)), "+-+");
+    EXPECT_EQ(thrice(Refusal::ofAtLeast(20)), "+--");
+    EXPECT_EQ(thrice(Refusal::ofAtLeast(31)), "+++");
+}
+
+TEST(TheMemoryWatch, RefusesAndCountsInsideRunAlone)
+{
+    // A compiler that sees the function leaves out memory that nobody uses.
+    void* (*volatile const allocate)(std::size_t) = std::malloc;
+    MemoryWatch watch(Refusal::ofSize(100));
+    for (int round = 1; round <= 2; ++round) {
+        EXPECT_EQ(watch.run([&] { return allocate(100); }), nullptr);
+        EXPECT_THROW(watch.run([] { throw 17; }), int);
+        void* const memory = allocate(100);
+        EXPECT_NE(memory, nullptr);
+        EXPECT_EQ(watch.live(), std::vector<std::string>{});
+        std::free(memory);
+        EXPECT_EQ(watch.refused(), round);
+    }
+}
+
+TEST(TheMemoryWatch, AddsUpTheBytesThatItIsAskedFor)
+{
+    for (const Refusal& refusal : {Refusal{}, Refusal::one(2)}) {
+        MemoryWatch watch(refusal);
+        for (const Kind& kind : kKinds)
+            kind.release(allocateIn(watch, kind));
+        EXPECT_EQ(watch.requests(), static_cast<int>(std::size(kKinds)));
+        EXPECT_EQ(watch.bytes(), std::size(kKinds) * 100 + 28); // one of them asks for 128
+        EXPECT_EQ(watch.live(), std::vector<std::string>{});
+    }
 }
 
 TEST(TheMemoryWatch, KeepsABlockInSightWhenItMoves)

@@ -8,15 +8,12 @@
 #include "host/messageboxes.h"
 #include "host/output.h"
 #include "host/resources.h"
-#include "tests/support/allocationfailure.h"
 
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-
-#include <new>
 
 using recording::host;
 using Lines = std::vector<std::string>;
@@ -345,31 +342,4 @@ TEST(RecordingHost, ListsRowsWithAtMostOneSelected)
     EXPECT_EQ(list.GetCurSel(), -1);
     list.ResetContent();
     EXPECT_EQ(list.GetCount(), 0);
-}
-
-TEST(AllocationFailure, LastsAsLongAsItsGuard)
-{
-    void* volatile memory = nullptr;
-    {
-        const recording::MallocFails exhausted(1000);
-        memory = std::malloc(1000);
-        EXPECT_EQ(memory, nullptr);
-        EXPECT_EQ(exhausted.refused(), 1000U);
-        memory = std::malloc(999);
-        EXPECT_NE(memory, nullptr);
-        std::free(memory);
-    }
-    memory = std::malloc(1000);
-    EXPECT_NE(memory, nullptr);
-    std::free(memory);
-    bool thrown = false;
-    {
-        const recording::MemoryExhausted exhausted(1000000);
-        try {
-            memory = ::operator new(1000000);
-        } catch (const std::bad_alloc&) {
-            thrown = true;
-        }
-    }
-    EXPECT_TRUE(thrown);
 }
