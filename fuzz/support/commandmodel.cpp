@@ -1,6 +1,7 @@
 #include "fuzz/support/commandmodel.h"
 
 #include "fuzz/support/menufilemodel.h"
+#include "tests/support/listrules.h"
 
 #include <QFile>
 #include <QString>
@@ -13,26 +14,15 @@ namespace fuzzing {
 
 namespace {
 
+using listrules::Outcome;
+using listrules::plain;
+
 constexpr int kNormal = 5100;
 constexpr int kStopped = 0;
 constexpr int kError = -5001;
 constexpr int kCancelled = -5002;
 
 constexpr std::uint32_t kLastCharacter = 0x10FFFF;
-
-// Character by character: nothing in front is taken for a mark of the encoding.
-QString plain(const std::wstring& text)
-{
-    QString result;
-    for (const wchar_t character : text) {
-        const auto code = static_cast<std::uint32_t>(character);
-        if (code > 0xFFFF)
-            result += QString(QChar(QChar::highSurrogate(code))) + QChar(QChar::lowSurrogate(code));
-        else
-            result += QChar(static_cast<ushort>(code));
-    }
-    return result;
-}
 
 bool exists(const std::wstring& path)
 {
@@ -46,24 +36,6 @@ bool exists(const std::wstring& path)
         return QFile::exists(plain(path));
     struct stat status;
     return stat(plain(path).toUtf8().constData(), &status) == 0;
-}
-
-bool isCustomizationFile(const std::wstring& path)
-{
-    return exists(path) && plain(path).right(4).toUpper() == QStringLiteral("CUIX");
-}
-
-// By what a file is known among the loaded ones.
-QString identity(const std::wstring& path)
-{
-    const std::size_t slash = path.rfind(L'/');
-    const std::wstring name = slash == path.npos ? path : path.substr(slash + 1);
-    return plain(name.substr(0, name.find(L'.'))).toUpper();
-}
-
-bool isSameFile(const std::wstring& entry, const std::wstring& path)
-{
-    return exists(entry) && identity(entry) == identity(path);
 }
 
 class Run
@@ -157,7 +129,7 @@ private:
             return answer.status == kCancelled ? std::optional(kCancelled) : std::nullopt;
         if (showsDialogFor(answer.text))
             return kNormal;
-        if (!isCustomizationFile(answer.text)) {
+        if (!listrules::isCustomizationFile(answer.text, exists)) {
             print(messageOf(L"Menu file load failed.  File not found:\"%s\"", answer.text));
             return std::nullopt;
         }
@@ -170,14 +142,13 @@ private:
 
     std::optional<int> loadFile(const std::wstring& path)
     {
-        for (const std::wstring& entry : partsOf(*m_world.list)) {
-            if (isSameFile(entry, path)) {
-                told.boxes.push_back(
-                    m_world.hasTexts ? messageOf(L"\"%s\" is already loaded.", path) : L"");
-                return kStopped;
-            }
+        std::wstring list = *m_world.list;
+        if (listrules::load(list, path, exists) == Outcome::Refused) {
+            told.boxes.push_back(m_world.hasTexts ? messageOf(L"\"%s\" is already loaded.", path)
+                                                  : L"");
+            return kStopped;
         }
-        write(*m_world.list + L";" + path);
+        write(list);
         if (!m_world.hasManager)
             return std::nullopt;
         ++told.refreshes;
@@ -190,7 +161,7 @@ private:
 
     int unloadFile(const std::wstring& path)
     {
-        if (!isCustomizationFile(path)) {
+        if (!listrules::isCustomizationFile(path, exists)) {
             if (m_world.hasTexts)
                 print(messageOf(L"\"%s\" cannot be unloaded.", path));
             return kNormal;
@@ -199,23 +170,14 @@ private:
             return kStopped;
         if (!m_world.reads || !m_world.list)
             return kNormal;
-        const std::vector<std::wstring> entries = partsOf(*m_world.list);
-        const auto wanted = [&](const std::wstring& entry) { return isSameFile(entry, path); };
-        const auto found = std::find_if(entries.begin(), entries.end(), wanted);
-        if (found == entries.begin())
+        std::wstring list = *m_world.list;
+        const Outcome outcome = listrules::unload(list, path, exists);
+        if (outcome == Outcome::Refused)
             return kStopped;
-        if (found == entries.end())
-            return kNormal;
-        std::wstring kept;
-        bool isFirst = true;
-        for (const std::wstring& entry : entries) {
-            if (wanted(entry) || !exists(entry))
-                continue;
-            kept += isFirst ? entry : L";" + entry;
-            isFirst = false;
+        if (outcome == Outcome::Done) {
+            write(list);
+            told.refreshes += m_world.hasManager ? 1 : 0;
         }
-        write(kept);
-        told.refreshes += m_world.hasManager ? 1 : 0;
         return kNormal;
     }
 

@@ -1,18 +1,8 @@
 #include "fuzz/support/menufilemodel.h"
 
-namespace fuzzing {
+#include "tests/support/listrules.h"
 
-std::vector<std::wstring> partsOf(const std::wstring& list)
-{
-    std::vector<std::wstring> parts(1);
-    for (const wchar_t character : list) {
-        if (character == L';')
-            parts.emplace_back();
-        else
-            parts.back() += character;
-    }
-    return parts;
-}
+namespace fuzzing {
 
 std::wstring withoutBlanks(const std::wstring& text)
 {
@@ -33,7 +23,7 @@ std::wstring inSmallLetters(std::wstring text)
 
 bool isMenuFileKind(const std::wstring& extension, const std::wstring& kinds)
 {
-    std::vector<std::wstring> parts = partsOf(kinds);
+    std::vector<std::wstring> parts = listrules::partsOf(kinds);
     while (parts.size() > 1 && parts.back().empty())
         parts.pop_back();
     while (parts.size() > 1 && parts.front().empty())
@@ -58,7 +48,7 @@ std::vector<std::wstring> searchedNames(const std::wstring& name, const std::wst
     if (dot != name.npos && dot > 0 && isMenuFileKind(withoutBlanks(name.substr(dot)), kinds))
         return {name};
     std::vector<std::wstring> names;
-    std::vector<std::wstring> parts = partsOf(kinds);
+    std::vector<std::wstring> parts = listrules::partsOf(kinds);
     parts.pop_back();
     std::wstring longer = name;
     for (const std::wstring& part : parts) {

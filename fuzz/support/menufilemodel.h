@@ -6,9 +6,6 @@
 
 namespace fuzzing {
 
-// The parts of a list, at least one.
-[[nodiscard]] std::vector<std::wstring> partsOf(const std::wstring& list);
-
 // Without the white space of the classic locale at both ends.
 [[nodiscard]] std::wstring withoutBlanks(const std::wstring& text);
 

@@ -273,9 +273,9 @@ void ConsoleModel::load(const std::wstring& path)
     if (isDialogWanted(path))
         return done(kNormal); // there is no display for it
     switch (m_list.load(path)) {
-    case ListModel::Outcome::Done:
+    case listrules::Outcome::Done:
         return done(kNormal);
-    case ListModel::Outcome::Refused:
+    case listrules::Outcome::Refused:
         return done(kStopped);
     default:
         return; // asks again
@@ -285,7 +285,7 @@ void ConsoleModel::load(const std::wstring& path)
 void ConsoleModel::unload(const std::wstring& path)
 {
     const bool isRefused =
-        !isDialogWanted(path) && m_list.unload(path) == ListModel::Outcome::Refused;
+        !isDialogWanted(path) && m_list.unload(path) == listrules::Outcome::Refused;
     done(isRefused ? kStopped : kNormal);
 }
 

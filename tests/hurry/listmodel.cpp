@@ -8,12 +8,9 @@
 
 namespace hurry {
 
-namespace {
+using listrules::Outcome;
 
-std::wstring inCapitals(const std::wstring& text)
-{
-    return quelhost::toWide(quelhost::toQString(text).toUpper());
-}
+namespace {
 
 bool contains(const std::vector<std::wstring>& all, const std::wstring& one)
 {
@@ -21,24 +18,6 @@ bool contains(const std::vector<std::wstring>& all, const std::wstring& one)
 }
 
 } // namespace
-
-std::wstring identityOf(const std::wstring& path)
-{
-    const std::wstring name = path.substr(path.rfind(L'/') + 1);
-    return inCapitals(name.substr(0, name.find(L'.')));
-}
-
-std::vector<std::wstring> partsOf(const std::wstring& text)
-{
-    std::vector<std::wstring> parts(1);
-    for (const wchar_t character : text) {
-        if (character == L';')
-            parts.emplace_back();
-        else
-            parts.back() += character;
-    }
-    return parts;
-}
 
 ListModel::ListModel(std::wstring text, std::wstring folder, GroupOf groupOf)
     : m_text(std::move(text))
@@ -59,55 +38,33 @@ bool ListModel::exists(const std::wstring& path) const
     return !path.empty() && ::stat(quelhost::toUtf8(absolute(path)).c_str(), &about) == 0;
 }
 
-bool ListModel::isCustomizationFile(const std::wstring& path) const
+listrules::Exists ListModel::here() const
 {
-    return exists(path) && path.size() >= 4 && inCapitals(path.substr(path.size() - 4)) == L"CUIX";
+    return [this](const std::wstring& path) { return exists(path); };
 }
 
 std::vector<std::wstring> ListModel::entries() const
 {
-    return partsOf(m_text);
+    return listrules::partsOf(m_text);
 }
 
-ListModel::Outcome ListModel::load(const std::wstring& path)
+Outcome ListModel::load(const std::wstring& path)
 {
-    if (!isCustomizationFile(path))
-        return Outcome::NoFile;
-    for (const std::wstring& entry : entries()) {
-        if (exists(entry) && identityOf(entry) == identityOf(path))
-            return Outcome::Refused;
+    const Outcome outcome = listrules::load(m_text, path, here());
+    if (outcome == Outcome::Done) {
+        refresh();
+        if (!isShown(path))
+            show(path, !contains(entries(), path));
     }
-    m_text += L';' + path;
-    refresh();
-    if (!isShown(path))
-        show(path, !contains(entries(), path));
-    return Outcome::Done;
+    return outcome;
 }
 
-ListModel::Outcome ListModel::unload(const std::wstring& path)
+Outcome ListModel::unload(const std::wstring& path)
 {
-    if (!isCustomizationFile(path))
-        return Outcome::NoFile;
-    const std::vector<std::wstring> all = entries();
-    if (exists(all.front()) && identityOf(all.front()) == identityOf(path))
-        return Outcome::Refused;
-    std::vector<std::wstring> kept;
-    bool isFound = false;
-    for (const std::wstring& entry : all) {
-        if (!exists(entry))
-            continue;
-        if (identityOf(entry) == identityOf(path))
-            isFound = true;
-        else
-            kept.push_back(entry);
-    }
-    if (!isFound)
-        return Outcome::Nothing;
-    m_text.clear();
-    for (const std::wstring& entry : kept)
-        m_text += (&entry == &kept.front() ? L"" : L";") + entry;
-    refresh();
-    return Outcome::Done;
+    const Outcome outcome = listrules::unload(m_text, path, here());
+    if (outcome == Outcome::Done)
+        refresh();
+    return outcome;
 }
 
 void ListModel::follow(std::wstring text)

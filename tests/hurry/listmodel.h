@@ -1,6 +1,8 @@
-// What is loaded, as the rules for users tell it: a second implementation, as plain as can be, that
-// random drivers compare the program with.
+// What is loaded and shown, as the rules for users tell it: a second implementation, as plain as
+// can be, that random drivers compare the program with.
 #pragma once
+
+#include "tests/support/listrules.h"
 
 #include <functional>
 #include <optional>
@@ -23,18 +25,11 @@ public:
         bool unlisted = false; // shown for this run alone
     };
 
-    enum class Outcome {
-        NoFile,  // there is no such customization file
-        Refused, // loaded already, or the main file where one is unloaded
-        Nothing, // no entry of that name
-        Done,
-    };
-
     // Begins with a stored list and shows its groups.
     ListModel(std::wstring text, std::wstring folder, GroupOf groupOf);
 
-    Outcome load(const std::wstring& path);
-    Outcome unload(const std::wstring& path);
+    listrules::Outcome load(const std::wstring& path);
+    listrules::Outcome unload(const std::wstring& path);
 
     // Somebody else changed the list, and its groups are shown.
     void follow(std::wstring text);
@@ -49,7 +44,7 @@ public:
 
 private:
     [[nodiscard]] std::vector<std::wstring> entries() const;
-    [[nodiscard]] bool isCustomizationFile(const std::wstring& path) const;
+    [[nodiscard]] listrules::Exists here() const;
     [[nodiscard]] bool isShown(const std::wstring& path) const;
     void show(const std::wstring& path, bool unlisted);
     void refresh();
@@ -59,10 +54,5 @@ private:
     GroupOf m_groupOf;
     std::vector<Shown> m_shown;
 };
-
-// The file name up to its first dot, in capital letters.
-[[nodiscard]] std::wstring identityOf(const std::wstring& path);
-// The parts between the semicolons.
-[[nodiscard]] std::vector<std::wstring> partsOf(const std::wstring& text);
 
 } // namespace hurry

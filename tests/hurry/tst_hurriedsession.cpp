@@ -66,7 +66,7 @@ private:
         if (told(shown) != told(m_world.model.list().shown()))
             return "shown:\n" + told(shown) + "and not:\n" + told(m_world.model.list().shown());
         const std::vector<std::wstring> listed = host.groups.listedPaths();
-        if (listed == partsOf(m_world.model.list().text()))
+        if (listed == listrules::partsOf(m_world.model.list().text()))
             return {};
         return "the list is not " + toUtf8(m_world.model.list().text());
     }

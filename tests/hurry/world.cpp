@@ -110,7 +110,7 @@ void World::changeFiles()
     for (std::size_t changes = random.below(4); changes > 0; --changes)
         done.add(files.change(random));
     // What is loaded goes more often than it would by itself.
-    if (const auto entries = partsOf(model.list().text()); random.percent(30)) {
+    if (const auto entries = listrules::partsOf(model.list().text()); random.percent(30)) {
         const std::wstring& entry = random.of(entries);
         if (&entry != &entries.front() && !entry.empty()) {
             const std::string gone = quelhost::toUtf8(model.list().absolute(entry));
@@ -158,8 +158,8 @@ std::string World::restart(const std::wstring& found)
     const std::wstring before = model.list().text();
     const std::wstring mainFile = quelhost::fromUtf8(files.mainFile());
     model.restart(listModel(found));
-    const std::vector<std::wstring> old = partsOf(before);
-    const std::vector<std::wstring> now = partsOf(found);
+    const std::vector<std::wstring> old = listrules::partsOf(before);
+    const std::vector<std::wstring> now = listrules::partsOf(found);
     if (now.front() != mainFile)
         return "entry 0 is not the main file";
     if (old.front() == mainFile)

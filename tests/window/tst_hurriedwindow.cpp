@@ -150,7 +150,7 @@ protected:
             m_model.emplace(text, world.workFolder().toStdWString(),
                             [this](const auto& file) { return world.files.groupOf(file); });
         if (const std::string wrong =
-                wrongStep(hurry::partsOf(m_model->text()), hurry::partsOf(text));
+                wrongStep(listrules::partsOf(m_model->text()), listrules::partsOf(text));
             !wrong.empty())
             return wrong + ": " + toUtf8(m_model->text()) + " became " + toUtf8(text);
         std::vector<ListModel::Shown> shown;
@@ -210,7 +210,7 @@ private:
                 return "an entry without a file came";
             for (std::size_t other = 0; other < i; ++other) {
                 if (m_model->exists(now[other]) &&
-                    hurry::identityOf(now[other]) == hurry::identityOf(now[i]))
+                    listrules::identityOf(now[other]) == listrules::identityOf(now[i]))
                     return "a second file of one name came";
             }
         }
