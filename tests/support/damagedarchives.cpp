@@ -57,6 +57,21 @@ QByteArray withComment(const QByteArray& archive, const QByteArray& comment)
     return withEnd16(archive, kEndCommentSize, static_cast<quint32>(comment.size())) + comment;
 }
 
+QByteArray withCount(QByteArray archive, quint32 count)
+{
+    return withEnd16(withEnd16(std::move(archive), kEndEntries, count), kEndPartEntries, count);
+}
+
+QByteArray withArchiveInComment(const QByteArray& outer, QByteArray inner)
+{
+    const auto by = static_cast<quint32>(outer.size());
+    const auto count = static_cast<int>(get16(inner, endRecord(inner) + kEndEntries));
+    for (int i = 0; i < count; ++i)
+        set32(inner, centralRecord(inner, i) + 42, get32(inner, centralRecord(inner, i) + 42) + by);
+    const quint32 directory = get32(inner, endRecord(inner) + kEndDirectory);
+    return withComment(outer, withEnd32(inner, kEndDirectory, directory + by));
+}
+
 QByteArray withEntryNamed(const QByteArray& name)
 {
     QByteArray archive = PackageBuilder()

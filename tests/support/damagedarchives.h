@@ -48,6 +48,13 @@ inline constexpr int kEndCommentSize = 20;
 [[nodiscard]] QByteArray withEnd32(QByteArray archive, int offset, quint32 value);
 [[nodiscard]] QByteArray withComment(const QByteArray& archive, const QByteArray& comment);
 
+// With another number of entries, in all parts and in this one.
+[[nodiscard]] QByteArray withCount(QByteArray archive, quint32 count);
+
+// `inner` as the comment of `outer`, with all its places counted from the beginning of the file:
+// whoever takes the last end record reads `inner`, whoever takes the first reads `outer`.
+[[nodiscard]] QByteArray withArchiveInComment(const QByteArray& outer, QByteArray inner);
+
 // A good text, stored, and behind it an entry of that name.
 [[nodiscard]] QByteArray withEntryNamed(const QByteArray& name);
 
