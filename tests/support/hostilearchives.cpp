@@ -27,12 +27,6 @@ const char* const kDamaged = ": The ZIP archive is damaged: its table of content
     return archive;
 }
 
-// The end record states another number of entries, in all parts and in this one.
-[[nodiscard]] Bytes withCount(quint32 count)
-{
-    return withEnd16(withEnd16(good(), kEndEntries, count), kEndPartEntries, count);
-}
-
 // Bytes between the table of contents and the end record, or before the table of contents.
 [[nodiscard]] Bytes inserted(int at, const Bytes& bytes)
 {
@@ -57,8 +51,9 @@ const char* const kDamaged = ": The ZIP archive is damaged: its table of content
 [[nodiscard]] Bytes sharedByMany()
 {
     PackageBuilder builder;
+    const Bytes zeros(kMiB / 2, '\0');
     for (int i = 0; i < 100; ++i)
-        builder.add("images/" + std::to_string(100 + i) + ".png", Bytes(kMiB / 2, '\0'));
+        builder.add("images/" + std::to_string(100 + i) + ".png", zeros);
     Bytes archive = builder.build();
     for (int i = 1; i < 100; ++i)
         set32(archive, centralRecord(archive, i) + 42, 0);
@@ -108,6 +103,10 @@ const char* const kDamaged = ": The ZIP archive is damaged: its table of content
          kHeaders,
          [] { return withComment(good(), good()); },
          {kDamaged}},
+        {"another archive within the comment, good in its place",
+         kHeaders,
+         [] { return withArchiveInComment(good(), good()); },
+         {kDamaged}},
         {"a comment said to be longer than it is",
          kHeaders,
          [] { return withEnd16(good(), kEndCommentSize, 1); },
@@ -150,9 +149,12 @@ const char* const kDamaged = ": The ZIP archive is damaged: its table of content
 {
     constexpr FaultIn kHeaders = FaultIn::Headers;
     return {
-        {"fewer entries than there are", kHeaders, [] { return withCount(1); }, {kDamaged}},
-        {"more entries than there are", kHeaders, [] { return withCount(3); }, {kDamaged}},
-        {"no entries where there are some", kHeaders, [] { return withCount(0); }, {kDamaged}},
+        {"fewer entries than there are", kHeaders, [] { return withCount(good(), 1); }, {kDamaged}},
+        {"more entries than there are", kHeaders, [] { return withCount(good(), 3); }, {kDamaged}},
+        {"no entries where there are some",
+         kHeaders,
+         [] { return withCount(good(), 0); },
+         {kDamaged}},
         {"a table of contents at the beginning",
          kHeaders,
          [] { return withEnd32(good(), kEndDirectory, 0); },

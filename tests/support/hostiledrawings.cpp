@@ -221,9 +221,10 @@ std::vector<HostilePackage> hostileDrawings()
 
 std::vector<HostileKind> hostileKinds()
 {
-    return {{"Archives", hostileArchives}, {"Entries", hostileEntries},  {"Names", hostileNames},
-            {"Sizes", hostileSizes},       {"Texts", hostileTexts},      {"Groups", hostileGroups},
-            {"Pngs", hostilePngs},         {"Drawings", hostileDrawings}};
+    return {
+        {"Archives", hostileArchives}, {"Entries", hostileEntries}, {"Names", hostileNames},
+        {"Sizes", hostileSizes},       {"Lengths", hostileLengths}, {"Texts", hostileTexts},
+        {"Groups", hostileGroups},     {"Pngs", hostilePngs},       {"Drawings", hostileDrawings}};
 }
 
 std::vector<HostilePackage> hostilePackages()

@@ -40,6 +40,7 @@ struct HostileKind
 [[nodiscard]] std::vector<HostilePackage> hostileEntries();  // one entry that cannot be trusted
 [[nodiscard]] std::vector<HostilePackage> hostileNames();    // of entries
 [[nodiscard]] std::vector<HostilePackage> hostileSizes();    // beyond a limit, and bombs
+[[nodiscard]] std::vector<HostilePackage> hostileLengths();  // of XML, beyond a limit
 [[nodiscard]] std::vector<HostilePackage> hostileTexts();    // no good XML
 [[nodiscard]] std::vector<HostilePackage> hostileGroups();   // XML that is no menu group
 [[nodiscard]] std::vector<HostilePackage> hostilePngs();

@@ -6,6 +6,8 @@
 
 #include <zip.h>
 
+#include <map>
+#include <memory>
 #include <stdexcept>
 
 namespace packages {
@@ -49,6 +51,45 @@ namespace {
     return got == static_cast<zip_int64_t>(stat.size) ? bytes : QByteArray();
 }
 
+[[nodiscard]] zip_source_t* sourceOf(zip_t* zip, const QByteArray& bytes)
+{
+    return zip_source_buffer(zip, bytes.constData(), static_cast<zip_uint64_t>(bytes.size()), 0);
+}
+
+// Deflates contents; those that several entries share only once, so that a hundred bombs take no
+// longer than one.
+class DeflatedContents
+{
+public:
+    // Null when the library refuses. REQUIRES: this lives until `zip` is closed.
+    [[nodiscard]] zip_source_t* sourceOf(zip_t* zip, const QByteArray& bytes)
+    {
+        const auto [archive, isNew] =
+            m_archives.try_emplace(bytes.constData(), nullptr, zip_discard);
+        if (isNew)
+            archive->second.reset(deflated(bytes));
+        return archive->second == nullptr
+                   ? nullptr
+                   : zip_source_zip(zip, archive->second.get(), 0, ZIP_FL_COMPRESSED, 0, 0);
+    }
+
+private:
+    // An archive of that one entry.
+    [[nodiscard]] static zip_t* deflated(const QByteArray& bytes)
+    {
+        zip_source_t* target = zip_source_buffer_create(nullptr, 0, 0, nullptr);
+        zip_source_keep(target);
+        zip_t* zip = zip_open_from_source(target, ZIP_TRUNCATE, nullptr);
+        const bool good =
+            zip != nullptr && zip_file_add(zip, "bytes", packages::sourceOf(zip, bytes), 0) == 0 &&
+            zip_set_file_compression(zip, 0, ZIP_CM_DEFLATE, 0) == 0 && zip_close(zip) == 0;
+        return good ? zip_open_from_source(target, ZIP_RDONLY, nullptr) : nullptr;
+    }
+
+    // By where the contents stand.
+    std::map<const char*, std::unique_ptr<zip_t, decltype(&zip_discard)>> m_archives;
+};
+
 } // namespace
 
 PackageBuilder& PackageBuilder::add(const std::string& name, const QByteArray& bytes,
@@ -76,9 +117,11 @@ QByteArray PackageBuilder::build() const
     zip_source_keep(target);
     zip_t* zip = zip_open_from_source(target, ZIP_TRUNCATE, nullptr);
     bool good = zip != nullptr;
+    DeflatedContents deflated;
     for (const Entry& entry : m_entries) {
-        zip_source_t* source = zip_source_buffer(zip, entry.bytes.constData(),
-                                                 static_cast<zip_uint64_t>(entry.bytes.size()), 0);
+        zip_source_t* source = entry.packing == Packing::Deflate
+                                   ? deflated.sourceOf(zip, entry.bytes)
+                                   : sourceOf(zip, entry.bytes);
         const zip_int64_t added = zip_file_add(zip, entry.name.c_str(), source, ZIP_FL_ENC_UTF_8);
         const auto index = static_cast<zip_uint64_t>(added);
         good =
