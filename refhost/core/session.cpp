@@ -94,11 +94,11 @@ Status Session::openProfile(const InstalledFiles& files)
     }
 
     Result<std::unique_ptr<SettingsStore>> settings =
-        SettingsStore::open(m_profile->folder(), m_profile->settingsAccess());
+        SettingsStore::open(m_profile->folder(), m_profile->settingsAccess(),
+                            [this](const QString& notice) { tell({notice}); });
     if (!settings)
         return settings.fault();
     m_settings = std::move(settings.value());
-    tell(m_settings->notices());
 
     const Result<std::vector<QString>> told =
         ensureMainFile(*m_profile, *m_settings, mainPackage.value());

@@ -21,22 +21,15 @@ bool mayStillBeRead(const Fault& fault)
 // What was found of the settings file.
 enum class Finding { Missing, Damaged };
 
-// What became of a file that was replaced; names are empty when there was nothing to keep.
-struct Replacement
-{
-    bool restored = false; // from the good copy
-    QString keptAside;
-    QString goodCopyKeptAside;
-};
-
 // One opening, step by step; `m_opened` grows to what is handed out.
 class Opening
 {
 public:
-    Opening(const QString& folder, SettingsAccess access)
+    Opening(const QString& folder, SettingsAccess access, const TellUser& tellUser)
         : m_folder(folder)
         , m_file(settingsFile(folder))
         , m_access(access)
+        , m_tellUser(tellUser)
     {}
 
     Status run();
@@ -44,21 +37,23 @@ public:
 
 private:
     Status openPresent();
-    Status openForReadingOnly();
+    Status openForReadingOnly(const QString& whyNotWriting);
     Status startNew();
     Status replace(Finding finding);
-    Result<Replacement> putFreshInPlace();
+    Status putFreshInPlace();
+    Status keepWhatIsThere(const QString& file, const char* toldBy);
     Status openReplaced();
-    void readGoodCopy(Finding finding);
+    Status openForReadingBecause(const Fault& why);
+    void readGoodCopy();
     void workWithoutFile(const QString& why);
     void tell(const QString& sentence);
-    void tellReplaced(const Replacement& replaced);
     bool goodCopyExists() const;
     bool mayWrite() const { return m_access == SettingsAccess::ReadWrite; }
 
     QString m_folder;
     QString m_file;
     SettingsAccess m_access;
+    const TellUser& m_tellUser;
     OpenedSettings m_opened;
 };
 
@@ -115,18 +110,6 @@ bool isGoodCopyOf(const QString& good, const SettingsDatabase& database)
     return kept && present && kept.value() == present.value();
 }
 
-// Keeps a file with its companions aside when there is one.
-Status keepWhatIsThere(const QString& file, QString& keptAside)
-{
-    if (presenceOf(file) == FilePresence::Absent && !hasCompanions(file))
-        return Done{};
-    const Result<QString> aside = keepAside(file);
-    if (!aside)
-        return aside.fault();
-    keptAside = aside.value();
-    return Done{};
-}
-
 Status Opening::run()
 {
     switch (presenceOf(m_file)) {
@@ -147,16 +130,13 @@ Status Opening::run()
 Status Opening::openPresent()
 {
     if (!mayWrite())
-        return openForReadingOnly();
+        return openForReadingOnly({});
     Result<SettingsDatabase::Pointer> opened = SettingsDatabase::openForWriting(m_file);
     if (!opened) {
         const Fault& why = opened.fault();
         if (why.kind == FaultKind::Damaged)
             return replace(Finding::Damaged);
-        if (!mayStillBeRead(why))
-            return why;
-        tell(why.sentence);
-        return openForReadingOnly();
+        return openForReadingBecause(why);
     }
     m_opened.database = std::move(opened.value());
     m_opened.writable = true;
@@ -165,18 +145,24 @@ Status Opening::openPresent()
     return Done{};
 }
 
-Status Opening::openForReadingOnly()
+Status Opening::openForReadingBecause(const Fault& why)
+{
+    return mayStillBeRead(why) ? openForReadingOnly(why.sentence) : Status(why);
+}
+
+Status Opening::openForReadingOnly(const QString& whyNotWriting)
 {
     Result<SettingsDatabase::Pointer> opened = SettingsDatabase::openForReading(m_file);
     if (opened) {
         m_opened.database = std::move(opened.value());
-        if (mayWrite())
-            tell(qtTrId("settings-only-read"));
+        if (!whyNotWriting.isEmpty())
+            tell(qtTrId("settings-only-read").arg(whyNotWriting));
         return Done{};
     }
-    const Fault why = opened.fault();
+    const Fault& why = opened.fault();
     if (why.kind == FaultKind::Damaged) {
-        readGoodCopy(Finding::Damaged);
+        tell(qtTrId("settings-damaged").arg(m_file));
+        readGoodCopy();
         return Done{};
     }
     if (!mayStillBeRead(why))
@@ -196,61 +182,68 @@ Status Opening::startNew()
     return openPresent();
 }
 
+// What is found is told before any of it is changed, and what becomes of it before the new file is
+// in its place: a program that is ended in between has told it, or the next one finds it again.
 Status Opening::replace(Finding finding)
 {
-    if (!mayWrite()) {
-        readGoodCopy(finding);
+    tell((finding == Finding::Missing ? qtTrId("settings-missing") : qtTrId("settings-damaged"))
+             .arg(m_file));
+    Status placed = mayWrite() ? putFreshInPlace() : Status(Done{});
+    if (!placed)
+        tell(placed.fault().sentence);
+    if (!placed || !mayWrite()) {
+        readGoodCopy();
         return Done{};
     }
-    const Result<Replacement> replaced = putFreshInPlace();
-    if (!replaced) {
-        tell(replaced.fault().sentence);
-        readGoodCopy(finding);
-        return Done{};
-    }
-    tell(finding == Finding::Missing ? qtTrId("settings-missing").arg(m_file)
-                                     : qtTrId("settings-damaged").arg(m_file));
-    tellReplaced(replaced.value());
     return openReplaced();
 }
 
 // The new file is complete before the damaged one is moved, so that a full disk leaves everything
 // where it was.
-Result<Replacement> Opening::putFreshInPlace()
+Status Opening::putFreshInPlace()
 {
     const QString fresh = newCopyFile(m_folder);
     const Result<bool> restored = makeFresh(m_folder, fresh);
     if (!restored)
         return restored.fault();
-    Replacement result;
-    result.restored = restored.value();
+    if (const Status kept = keepWhatIsThere(m_file, "settings-kept-aside"); !kept)
+        return kept;
     const QString good = goodCopyFile(m_folder);
-    if (const Status kept = keepWhatIsThere(m_file, result.keptAside); !kept)
-        return kept.fault();
-    if (!result.restored) {
-        if (const Status kept = keepWhatIsThere(good, result.goodCopyKeptAside); !kept)
-            return kept.fault();
+    if (restored.value()) {
+        tell(qtTrId("settings-restored").arg(dateOf(good)));
+    } else {
+        if (const Status kept = keepWhatIsThere(good, "settings-good-copy-unusable"); !kept)
+            return kept;
+        tell(qtTrId("settings-start-empty"));
     }
-    if (const Status placed = putInPlace(fresh, m_file); !placed)
-        return placed.fault();
-    return result;
+    return putInPlace(fresh, m_file);
+}
+
+// Keeps a file with its companions aside when there is one, and tells where.
+Status Opening::keepWhatIsThere(const QString& file, const char* toldBy)
+{
+    if (presenceOf(file) == FilePresence::Absent && !hasCompanions(file))
+        return Done{};
+    const Result<QString> aside = keepAside(file);
+    if (!aside)
+        return aside.fault();
+    tell(qtTrId(toldBy).arg(aside.value()));
+    return Done{};
 }
 
 Status Opening::openReplaced()
 {
     Result<SettingsDatabase::Pointer> opened = SettingsDatabase::openForWriting(m_file);
     if (!opened)
-        return opened.fault();
+        return openForReadingBecause(opened.fault());
     m_opened.database = std::move(opened.value());
     m_opened.writable = true;
     return Done{};
 }
 
-void Opening::readGoodCopy(Finding finding)
+void Opening::readGoodCopy()
 {
     m_opened.damaged = true;
-    tell(finding == Finding::Missing ? qtTrId("settings-missing").arg(m_file)
-                                     : qtTrId("settings-damage-stays").arg(m_file));
     const QString good = goodCopyFile(m_folder);
     Result<SettingsDatabase::Pointer> opened = SettingsDatabase::openForReading(good);
     if (opened) {
@@ -263,29 +256,18 @@ void Opening::readGoodCopy(Finding finding)
 
 void Opening::workWithoutFile(const QString& why)
 {
-    tell(why);
-    tell(qtTrId("settings-not-kept"));
+    tell(qtTrId("settings-not-kept").arg(why));
 }
 
 // Two attempts that fail for one cause have one sentence.
 void Opening::tell(const QString& sentence)
 {
     std::vector<QString>& notices = m_opened.notices;
-    if (std::find(notices.begin(), notices.end(), sentence) == notices.end())
-        notices.push_back(sentence);
-}
-
-void Opening::tellReplaced(const Replacement& replaced)
-{
-    if (!replaced.keptAside.isEmpty())
-        tell(qtTrId("settings-kept-aside").arg(replaced.keptAside));
-    if (replaced.restored) {
-        tell(qtTrId("settings-restored").arg(dateOf(goodCopyFile(m_folder))));
+    if (std::find(notices.begin(), notices.end(), sentence) != notices.end())
         return;
-    }
-    if (!replaced.goodCopyKeptAside.isEmpty())
-        tell(qtTrId("settings-good-copy-unusable").arg(replaced.goodCopyKeptAside));
-    tell(qtTrId("settings-start-empty"));
+    notices.push_back(sentence);
+    if (m_tellUser)
+        m_tellUser(sentence);
 }
 
 bool Opening::goodCopyExists() const
@@ -295,9 +277,10 @@ bool Opening::goodCopyExists() const
 
 } // namespace
 
-Result<OpenedSettings> openSettings(const QString& folder, SettingsAccess access)
+Result<OpenedSettings> openSettings(const QString& folder, SettingsAccess access,
+                                    const TellUser& tellUser)
 {
-    Opening opening(folder, access);
+    Opening opening(folder, access, tellUser);
     if (const Status done = opening.run(); !done)
         return done.fault();
     return opening.take();

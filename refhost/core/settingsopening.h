@@ -21,9 +21,11 @@ struct OpenedSettings
 };
 
 // Opens the settings of an existing profile folder. A damaged file is kept aside and replaced, a
-// missing one made; with ReadOnly access no file is changed.
+// missing one made; with ReadOnly access no file is changed. `tellUser` hears each notice at once,
+// also those of an opening that ends with a fault.
 // Faults: Busy, BadInput (written by a newer version).
-[[nodiscard]] Result<OpenedSettings> openSettings(const QString& folder, SettingsAccess access);
+[[nodiscard]] Result<OpenedSettings> openSettings(const QString& folder, SettingsAccess access,
+                                                  const TellUser& tellUser);
 
 // Tries once more to open the settings file for writing, making it when there is none. Repairs
 // nothing.

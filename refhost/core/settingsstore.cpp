@@ -10,10 +10,10 @@
 
 namespace quelhost {
 
-Result<std::unique_ptr<SettingsStore>> SettingsStore::open(const QString& profileFolder,
-                                                           SettingsAccess access)
+Result<std::unique_ptr<SettingsStore>>
+SettingsStore::open(const QString& profileFolder, SettingsAccess access, const TellUser& tellUser)
 {
-    Result<OpenedSettings> opened = openSettings(profileFolder, access);
+    Result<OpenedSettings> opened = openSettings(profileFolder, access, tellUser);
     if (!opened)
         return opened.fault();
     return std::unique_ptr<SettingsStore>(

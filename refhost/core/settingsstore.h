@@ -19,6 +19,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -35,6 +36,9 @@ enum class SettingsAccess {
     ReadOnly,  // changes no file; for a profile that cannot be written
 };
 
+// Is given a sentence for the user.
+using TellUser = std::function<void(const QString&)>;
+
 class SettingsStore
 {
 public:
@@ -44,10 +48,13 @@ public:
     // A store that cannot be written is no fault: it is read from the file, from the good copy
     // when the file is damaged, or is empty when there is nothing to read. `writable` tells, and
     // `notices` unless ReadOnly was asked for.
+    // `tellUser` hears each notice at once: that something is damaged before it is moved, and what
+    // takes its place before it does, so that nothing is replaced untold when the program ends
+    // meanwhile or the opening ends with a fault.
     // Faults: Busy when another program keeps the file locked, BadInput when a newer version of
     // this program wrote it.
-    [[nodiscard]] static Result<std::unique_ptr<SettingsStore>> open(const QString& profileFolder,
-                                                                     SettingsAccess access);
+    [[nodiscard]] static Result<std::unique_ptr<SettingsStore>>
+    open(const QString& profileFolder, SettingsAccess access, const TellUser& tellUser = {});
 
     SettingsStore(const SettingsStore&) = delete;
     SettingsStore& operator=(const SettingsStore&) = delete;
@@ -55,7 +62,7 @@ public:
     // Without `close` before it, this makes no good copy; everything acknowledged stays stored.
     ~SettingsStore();
 
-    // What the user is to be told about the opening, one sentence each.
+    // What the user was to be told about the opening, each thing by itself.
     [[nodiscard]] const std::vector<QString>& notices() const { return m_notices; }
 
     // Whether writes reach the disk. With ReadWrite access, a store that could not be written

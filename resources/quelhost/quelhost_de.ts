@@ -85,32 +85,28 @@
         <translation>Die Einstellungsdatei %1 ist beschädigt oder fehlt; beim nächsten Start wird die letzte gute Kopie wiederhergestellt.</translation>
     </message>
     <message id="settings-damaged">
-        <source>The settings file %1 was damaged and has been replaced.</source>
-        <translation>Die Einstellungsdatei %1 war beschädigt und wurde ersetzt.</translation>
+        <source>The settings file %1 is damaged.</source>
+        <translation>Die Einstellungsdatei %1 ist beschädigt.</translation>
     </message>
     <message id="settings-missing">
-        <source>The settings file %1 was missing.</source>
-        <translation>Die Einstellungsdatei %1 fehlte.</translation>
-    </message>
-    <message id="settings-damage-stays">
-        <source>The settings file %1 is damaged and could not be replaced.</source>
-        <translation>Die Einstellungsdatei %1 ist beschädigt und konnte nicht ersetzt werden.</translation>
+        <source>The settings file %1 is missing.</source>
+        <translation>Die Einstellungsdatei %1 fehlt.</translation>
     </message>
     <message id="settings-kept-aside">
         <source>What was found is kept as %1.</source>
         <translation>Was vorgefunden wurde, ist aufbewahrt als %1.</translation>
     </message>
     <message id="settings-restored">
-        <source>The last good copy, made %1, has been restored.</source>
-        <translation>Die letzte gute Kopie vom %1 wurde wiederhergestellt.</translation>
+        <source>The last good copy, made %1, is restored.</source>
+        <translation>Die letzte gute Kopie vom %1 wird wiederhergestellt.</translation>
     </message>
     <message id="settings-start-empty">
-        <source>There was no good copy to restore, so the settings are empty.</source>
-        <translation>Es gab keine gute Kopie zum Wiederherstellen, daher sind die Einstellungen leer.</translation>
+        <source>There is no good copy to restore, so the settings are empty.</source>
+        <translation>Es gibt keine gute Kopie zum Wiederherstellen, daher sind die Einstellungen leer.</translation>
     </message>
     <message id="settings-good-copy-unusable">
-        <source>The last good copy could not be used either; it is kept as %1.</source>
-        <translation>Auch die letzte gute Kopie war nicht brauchbar; sie ist aufbewahrt als %1.</translation>
+        <source>The last good copy cannot be used either; it is kept as %1.</source>
+        <translation>Auch die letzte gute Kopie ist nicht brauchbar; sie ist aufbewahrt als %1.</translation>
     </message>
     <message id="settings-good-copy-read">
         <source>The last good copy, made %1, is read instead; settings cannot be changed in this session.</source>
@@ -121,12 +117,12 @@
         <translation>Auch eine gute Kopie gibt es nicht, daher hat diese Sitzung keine gespeicherten Einstellungen.</translation>
     </message>
     <message id="settings-only-read">
-        <source>Until that changes, settings can be read but not stored.</source>
-        <translation>Solange das so ist, können Einstellungen gelesen, aber nicht gespeichert werden.</translation>
+        <source>%1 Until that changes, settings can be read but not stored.</source>
+        <translation>%1 Solange das so ist, können Einstellungen gelesen, aber nicht gespeichert werden.</translation>
     </message>
     <message id="settings-not-kept">
-        <source>Until that changes, there are no stored settings and none can be stored.</source>
-        <translation>Solange das so ist, gibt es keine gespeicherten Einstellungen, und es können keine gespeichert werden.</translation>
+        <source>%1 Until that changes, there are no stored settings and none can be stored.</source>
+        <translation>%1 Solange das so ist, gibt es keine gespeicherten Einstellungen, und es können keine gespeichert werden.</translation>
     </message>
     <message id="settings-good-copy-not-renewed">
         <source>The last good copy of the settings was not renewed. %1</source>

@@ -85,32 +85,28 @@
         <translation>The settings file %1 is damaged or missing; the last good copy is restored at the next start.</translation>
     </message>
     <message id="settings-damaged">
-        <source>The settings file %1 was damaged and has been replaced.</source>
-        <translation>The settings file %1 was damaged and has been replaced.</translation>
+        <source>The settings file %1 is damaged.</source>
+        <translation>The settings file %1 is damaged.</translation>
     </message>
     <message id="settings-missing">
-        <source>The settings file %1 was missing.</source>
-        <translation>The settings file %1 was missing.</translation>
-    </message>
-    <message id="settings-damage-stays">
-        <source>The settings file %1 is damaged and could not be replaced.</source>
-        <translation>The settings file %1 is damaged and could not be replaced.</translation>
+        <source>The settings file %1 is missing.</source>
+        <translation>The settings file %1 is missing.</translation>
     </message>
     <message id="settings-kept-aside">
         <source>What was found is kept as %1.</source>
         <translation>What was found is kept as %1.</translation>
     </message>
     <message id="settings-restored">
-        <source>The last good copy, made %1, has been restored.</source>
-        <translation>The last good copy, made %1, has been restored.</translation>
+        <source>The last good copy, made %1, is restored.</source>
+        <translation>The last good copy, made %1, is restored.</translation>
     </message>
     <message id="settings-start-empty">
-        <source>There was no good copy to restore, so the settings are empty.</source>
-        <translation>There was no good copy to restore, so the settings are empty.</translation>
+        <source>There is no good copy to restore, so the settings are empty.</source>
+        <translation>There is no good copy to restore, so the settings are empty.</translation>
     </message>
     <message id="settings-good-copy-unusable">
-        <source>The last good copy could not be used either; it is kept as %1.</source>
-        <translation>The last good copy could not be used either; it is kept as %1.</translation>
+        <source>The last good copy cannot be used either; it is kept as %1.</source>
+        <translation>The last good copy cannot be used either; it is kept as %1.</translation>
     </message>
     <message id="settings-good-copy-read">
         <source>The last good copy, made %1, is read instead; settings cannot be changed in this session.</source>
@@ -121,12 +117,12 @@
         <translation>There is no good copy either, so this session has no stored settings.</translation>
     </message>
     <message id="settings-only-read">
-        <source>Until that changes, settings can be read but not stored.</source>
-        <translation>Until that changes, settings can be read but not stored.</translation>
+        <source>%1 Until that changes, settings can be read but not stored.</source>
+        <translation>%1 Until that changes, settings can be read but not stored.</translation>
     </message>
     <message id="settings-not-kept">
-        <source>Until that changes, there are no stored settings and none can be stored.</source>
-        <translation>Until that changes, there are no stored settings and none can be stored.</translation>
+        <source>%1 Until that changes, there are no stored settings and none can be stored.</source>
+        <translation>%1 Until that changes, there are no stored settings and none can be stored.</translation>
     </message>
     <message id="settings-good-copy-not-renewed">
         <source>The last good copy of the settings was not renewed. %1</source>

@@ -67,7 +67,7 @@ TEST(SettingsUnwritable, AFolderIsReadAndKeepsItsValues)
     };
     const Row rows[] = {
         {"asked for writing", kReadWrite,
-         "not writable/2: string stored, NotPermitted, string stored"},
+         "not writable/1: string stored, NotPermitted, string stored"},
         {"asked for reading", kReadOnly,
          "not writable/0: string stored, NotPermitted, string stored"},
     };
@@ -90,7 +90,7 @@ TEST(SettingsUnwritable, AFileIsReadAndKeepsItsValues)
     const QByteArray before = bytesOf(settingsFile(profile.path()));
     ASSERT_TRUE(setMode(settingsFile(profile.path()), 0444));
     EXPECT_EQ(asOrdinaryUser([&] { return use(profile.path(), kReadWrite); }),
-              "not writable/2: string stored, NotPermitted, string stored");
+              "not writable/1: string stored, NotPermitted, string stored");
     EXPECT_EQ(bytesOf(settingsFile(profile.path())), before);
 }
 
@@ -136,7 +136,7 @@ TEST(SettingsUnwritable, ALogThatMayNotBeWrittenIsNoticedWhenOpening)
         const std::string result = store->writable() ? "writable, " : "not writable, ";
         return result + std::to_string(store->notices().size()) + ", " + valueIn(*store, L"last");
     });
-    EXPECT_EQ(seen, "not writable, 2, string in the log");
+    EXPECT_EQ(seen, "not writable, 1, string in the log");
 }
 
 TEST(SettingsUnwritable, APathWithOddCharactersIsReadToo)
@@ -162,7 +162,7 @@ TEST(SettingsUnwritable, WithoutASettingsFileTheStoreWorksInMemory)
     };
     const Row rows[] = {
         {"asked for writing", kReadWrite,
-         "2 notices: nothing, string seed, NotPermitted, string seed"},
+         "1 notices: nothing, string seed, NotPermitted, string seed"},
         {"asked for reading", kReadOnly,
          "0 notices: nothing, string seed, NotPermitted, string seed"},
     };
@@ -201,7 +201,7 @@ TEST(SettingsUnwritable, WhatMayNotEvenBeReadIsNotReplaced)
         const QByteArray before = bytesOf(settingsFile(profile.path()));
         ASSERT_TRUE(setMode(profile.path() + QString::fromLatin1(row.path), row.mode));
         EXPECT_EQ(asOrdinaryUser([&] { return use(profile.path(), kReadWrite); }),
-                  "not writable/2: nothing, NotPermitted, nothing");
+                  "not writable/1: nothing, NotPermitted, nothing");
         ASSERT_TRUE(setMode(profile.path(), 0755));
         ASSERT_TRUE(setMode(settingsFile(profile.path()), 0644));
         EXPECT_EQ(bytesOf(settingsFile(profile.path())), before);

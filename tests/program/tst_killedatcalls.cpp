@@ -125,6 +125,11 @@ TEST_P(KilledAtCalls, LeavesTheListAsItWasAcknowledgedOrTheNextOne)
             const bool repaired = left == next;
             EXPECT_EQ(list.toStdString(), next.toStdString());
             EXPECT_EQ(told.isEmpty(), repaired) << told.join(text("\n")).toStdString();
+            EXPECT_TRUE(end.output.contains(text("is damaged.\n")) ||
+                        !told.filter(text("is damaged.")).isEmpty())
+                << end.output.toStdString() << told.join(text("\n")).toStdString();
+            EXPECT_TRUE(!repaired || end.output.contains(text("is restored.\n")))
+                << end.output.toStdString();
             ASSERT_EQ(profile.keptAside().size(), 1);
             EXPECT_EQ(profile.files()[profile.keptAside()[0]], m_damaged);
             continue;
