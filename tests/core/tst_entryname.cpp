@@ -26,6 +26,7 @@ TEST(EntryName, acceptsTheTextAndWhatIsBelowImages)
         {"a hidden file", "images/.hidden", false},
         {"blanks and letters of all kinds", "images/ \xC3\xA4 \xE4\xB8\x80.svg", false},
         {"a colon behind more than a letter", "images/ab:c.svg", false},
+        {"a colon behind a digit", "images/1:c.svg", false},
     };
     for (const Row& row : rows) {
         const EntryName name = readEntryName(row.stored);

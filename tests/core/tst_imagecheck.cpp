@@ -3,11 +3,13 @@
 #include "tests/support/imagebuilder.h"
 #include "tests/support/packagebuilder.h"
 
+#include <QBuffer>
 #include <QImage>
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 using namespace quelhost;
 using namespace packages;
@@ -109,6 +111,35 @@ TEST(ImageCheck, keepsOnlyThePicture)
     EXPECT_EQ(checkPng(bomb, QStringLiteral("p")).bytes, plain);
 }
 
+TEST(ImageCheck, keepsColoursAndTransparency)
+{
+    QImage image(2, 1, QImage::Format_Indexed8);
+    image.setColorTable({qRgba(10, 20, 30, 255), qRgba(200, 100, 50, 128)});
+    image.setPixel(0, 0, 0);
+    image.setPixel(1, 0, 1);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    ASSERT_TRUE(buffer.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(image.save(&buffer, "png"));
+    for (const char* part : {"PLTE", "tRNS"})
+        EXPECT_TRUE(bytes.contains(part)) << part;
+    const ImageReading reading = checkPng(bytes, QStringLiteral("p"));
+    EXPECT_EQ(linesOf(reading.faults), "");
+    const QImage kept = QImage::fromData(reading.bytes, "png");
+    EXPECT_EQ(kept.pixel(0, 0), qRgba(10, 20, 30, 255));
+    EXPECT_EQ(kept.pixel(1, 0), qRgba(200, 100, 50, 128));
+
+    // What tells the brightness of its colours, and the shape of its pixels.
+    const QByteArray plain = checkPng(png(16, 16), QStringLiteral("p")).bytes;
+    const std::pair<const char*, QByteArray> parts[] = {{"gAMA", QByteArray("\0\0\xB1\x8F", 4)},
+                                                        {"sRGB", QByteArray(1, '\0')},
+                                                        {"pHYs", QByteArray(9, '\1')}};
+    for (const auto& [name, content] : parts) {
+        const QByteArray more = withChunk(plain, name, content);
+        EXPECT_EQ(checkPng(more, QStringLiteral("p")).bytes, more) << name;
+    }
+}
+
 TEST(ImageCheck, refusesPngsOfBadSizeOrContent)
 {
     const QByteArray image = png(16, 16);
@@ -183,6 +214,7 @@ TEST(ImageCheck, acceptsDrawingsThatStayWithinThemselves)
              "<rect fill='url(#g)' stroke=\"url( '#h' )\"/>")},
         {"a style sheet", svg("<style type='text/css'>.a { fill: url(#g) }\n"
                               ".b { fill: URL(\"#g\"); stroke: url( '#g') }</style>")},
+        {"blanks within the quotes of an address", svg("<rect fill='url(\" #g\")'/>")},
         {"a style sheet in CDATA", svg("<style><![CDATA[.a > .b { fill: red }]]></style>")},
         {"an editor's own notes",
          svg("<sodipodi:namedview inkscape:export-filename='C:\\icons\\a.png'/>"
@@ -251,6 +283,9 @@ TEST(ImageCheck, refusesDrawingsThatReachOutOrRun)
         {"a style sheet cut by a comment", svg("<style>a:u<!-- -->rl(x)</style>"), kStyle},
         {"a style sheet cut by CDATA", svg("<style>@im<![CDATA[port]]> 'x'</style>"), kStyle},
         {"a style sheet cut by an element", svg("<style>@im<g>po</g>rt 'x'</style>"), kStyle},
+        {"a style sheet behind one within it", svg("<style><style/>@import 'x'</style>"), kStyle},
+        {"a good style sheet behind it", svg("<style>@import 'x'</style><style>.a{}</style>"),
+         kStyle},
         {"a style sheet under a prefix", svg("<svg:style>@import 'x'</svg:style>"), kStyle},
         {"a style sheet that spells in numbers", svg("<style>@\\69mport 'x'</style>"),
          "p:2:1: The style sheet contains a backslash.\n"},
@@ -285,6 +320,12 @@ TEST(ImageCheck, refusesDrawingsThatReachOutOrRun)
         EXPECT_EQ(linesOf(reading.faults), row.faults) << row.name;
         EXPECT_TRUE(reading.bytes.isEmpty()) << row.name;
     }
+}
+
+TEST(ImageCheck, looksForNoMoreFaultsThanAnyoneMends)
+{
+    const QByteArray drawing = svg(QByteArray("<use/>").repeated(20000));
+    EXPECT_EQ(checkSvg(drawing, QStringLiteral("p")).faults.size(), 10001U);
 }
 
 TEST(ImageCheck, boundsTheStatedSizeOfDrawings)

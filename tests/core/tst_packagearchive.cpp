@@ -330,6 +330,13 @@ TEST(PackageArchive, tellsOfNamesThatMakeTheArchiveUnreadable)
     EXPECT_EQ(faultsOf(readTwice),
               "p.cuix: The archive has more than one entry \"images/a.png\".\n");
 
+    rename(twice, 1, "readme12.txt");
+    rename(twice, 2, "readme12.txt");
+    EXPECT_EQ(faultsOf(read(twice)),
+              "p.cuix: \"readme12.txt\" does not belong in a package: only customization.xml and "
+              "files below images/ do.\n"
+              "p.cuix: The archive has more than one entry \"readme12.txt\".\n");
+
     const ArchiveReading readZero = read(withEntryNamed(QByteArray("images/a.png\0.exe", 17)));
     EXPECT_FALSE(readZero.isOpen);
     EXPECT_EQ(faultsOf(readZero), "p.cuix: The entry name \"images/a.png\xEF\xBF\xBD.exe\" "
