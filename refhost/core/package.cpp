@@ -29,6 +29,7 @@ public:
     [[nodiscard]] PackageReading read();
 
 private:
+    [[nodiscard]] bool wants(const ArchiveReading& archive, const ArchiveEntry& entry);
     void take(const ArchiveReading& archive, ArchiveEntry& entry);
     void readText(const ArchiveReading& archive, const QByteArray& text);
     void readImage(const ArchiveEntry& entry);
@@ -46,9 +47,10 @@ private:
 
 PackageReading PackageReader::read()
 {
-    ArchiveReading archive = readArchive(
-        m_bytes, m_file, {},
-        [this](const ArchiveReading& reading, ArchiveEntry& entry) { take(reading, entry); });
+    EntryUse use;
+    use.wants = [this](const auto& reading, const auto& entry) { return wants(reading, entry); };
+    use.take = [this](const auto& reading, auto& entry) { take(reading, entry); };
+    ArchiveReading archive = readArchive(m_bytes, m_file, {}, use);
     std::vector<Fault> faults = std::move(archive.faults);
     if (archive.isOpen && archive.find(kCustomization) == nullptr)
         faults.push_back({FaultKind::NotFound, qtTrId("package-no-customization"), m_file});
@@ -62,12 +64,20 @@ PackageReading PackageReader::read()
     return PackageReading(std::move(m_group));
 }
 
+// Names alone tell that a package has no text, or a file of another kind among its images: nothing
+// is unpacked for that.
+bool PackageReader::wants(const ArchiveReading& archive, const ArchiveEntry& entry)
+{
+    if (entry.name == kCustomization || imageKind(entry.name))
+        return archive.find(kCustomization) != nullptr;
+    readImage(entry);
+    return false;
+}
+
 void PackageReader::take(const ArchiveReading& archive, ArchiveEntry& entry)
 {
     if (entry.name == kCustomization)
         readText(archive, entry.bytes);
-    else if (m_faults.size() > kManyFaults)
-        m_isCut = true; // there may be 2,000 images
     else
         readImage(entry);
     entry.bytes.clear();
@@ -85,6 +95,10 @@ void PackageReader::readText(const ArchiveReading& archive, const QByteArray& te
 
 void PackageReader::readImage(const ArchiveEntry& entry)
 {
+    if (m_faults.size() > kManyFaults) { // there may be 2,000 images
+        m_isCut = true;
+        return;
+    }
     const ImageReading reading = checkImage(entry.name, entry.bytes, imageFile(entry));
     m_imageBytes += reading.bytes.size();
     addFaults(reading.faults);
@@ -97,13 +111,13 @@ void PackageReader::readImage(const ArchiveEntry& entry)
 // Of a package that was found good.
 void PackageReader::keepImages()
 {
-    static_cast<void>(
-        readArchive(m_bytes, m_file, {}, [this](const ArchiveReading&, ArchiveEntry& entry) {
-            if (entry.name != kCustomization)
-                m_group.images[entry.name] =
-                    checkImage(entry.name, entry.bytes, imageFile(entry)).bytes;
-            entry.bytes.clear();
-        }));
+    EntryUse use;
+    use.wants = [](const auto&, const auto& entry) { return entry.name != kCustomization; };
+    use.take = [this](const auto&, auto& entry) {
+        m_group.images[entry.name] = checkImage(entry.name, entry.bytes, imageFile(entry)).bytes;
+        entry.bytes.clear();
+    };
+    static_cast<void>(readArchive(m_bytes, m_file, {}, use));
 }
 
 void PackageReader::addFaults(const std::vector<Fault>& faults)

@@ -182,9 +182,11 @@ void ArchiveReader::unpackAll(const ZipDirectory& directory)
 void ArchiveReader::unpackEntry(const ZipDirectory& directory, std::size_t index,
                                 ArchiveEntry& into)
 {
+    if (into.isGood && m_use.wants && !m_use.wants(m_reading, into))
+        return;
     into.isGood = into.isGood && unpack(index, directory.entries[index], into);
-    if (into.isGood && m_use)
-        m_use(m_reading, into);
+    if (into.isGood && m_use.take)
+        m_use.take(m_reading, into);
 }
 
 bool ArchiveReader::unpack(zip_uint64_t index, const ZipEntry& entry, ArchiveEntry& into)

@@ -48,10 +48,17 @@ struct ArchiveReading
     [[nodiscard]] const ArchiveEntry* find(const QString& name) const;
 };
 
-// Called with each good entry as soon as it is unpacked, the text before all others. It may take
-// the bytes away, so that those of all entries are never there at once. `reading` has the names of
+// What the caller does with good entries, the text before all others. `reading` has the names of
 // all entries, and no faults yet.
-using EntryUse = std::function<void(const ArchiveReading& reading, ArchiveEntry& entry)>;
+struct EntryUse
+{
+    // Called before an entry is unpacked; one that is not wanted is passed over.
+    std::function<bool(const ArchiveReading& reading, const ArchiveEntry& entry)> wants = {};
+
+    // Called as soon as it is unpacked. May take the bytes away, so that those of all entries are
+    // never there at once.
+    std::function<void(const ArchiveReading& reading, ArchiveEntry& entry)> take = {};
+};
 
 // `file` is the name for faults.
 [[nodiscard]] ArchiveReading readArchive(const QByteArray& archive, const QString& file,

@@ -393,22 +393,30 @@ TEST(PackageArchive, neverGivesOtherContentForAWrongByte)
     EXPECT_GT(refused, archive.size() * 4 / 2);
 }
 
-TEST(PackageArchive, handsOverEachGoodEntryTheTextFirst)
+TEST(PackageArchive, handsOverEachWantedGoodEntryTheTextFirst)
 {
     const QByteArray archive = PackageBuilder()
                                    .add("images/a.png", "image")
                                    .add("images/b.png", "link")
                                    .unixMode(0120777)
+                                   .add("images/c.png", "not wanted")
                                    .add("customization.xml", "text")
                                    .build();
+    std::string asked;
     std::string used;
-    const ArchiveReading reading =
-        readArchive(archive, QStringLiteral("p.cuix"), {},
-                    [&used](const ArchiveReading& all, ArchiveEntry& entry) {
-                        used += entry.name.toStdString() + "=" + entry.bytes.toStdString() +
-                                " of " + std::to_string(all.entries.size()) + "\n";
-                        entry.bytes.clear();
-                    });
-    EXPECT_EQ(used, "customization.xml=text of 3\nimages/a.png=image of 3\n");
-    EXPECT_EQ(entriesOf(reading), "images/a.png=\nimages/b.png!\ncustomization.xml=\n");
+    EntryUse use;
+    use.wants = [&asked](const ArchiveReading& all, const ArchiveEntry& entry) {
+        asked += entry.name.toStdString() + " of " + std::to_string(all.entries.size()) + "\n";
+        return !entry.name.contains(QStringLiteral("/c"));
+    };
+    use.take = [&used](const ArchiveReading& all, ArchiveEntry& entry) {
+        used += entry.name.toStdString() + "=" + entry.bytes.toStdString() + " of " +
+                std::to_string(all.entries.size()) + "\n";
+        entry.bytes.clear();
+    };
+    const ArchiveReading reading = readArchive(archive, QStringLiteral("p.cuix"), {}, use);
+    EXPECT_EQ(asked, "customization.xml of 4\nimages/a.png of 4\nimages/c.png of 4\n");
+    EXPECT_EQ(used, "customization.xml=text of 4\nimages/a.png=image of 4\n");
+    EXPECT_EQ(entriesOf(reading),
+              "images/a.png=\nimages/b.png!\nimages/c.png=\ncustomization.xml=\n");
 }

@@ -104,7 +104,7 @@ const char* const kMissing = ": The archive has no customization.xml.";
          [] { return Bytes("PK\5\6", 4) + Bytes(18, '\0'); },
          {kMissing}},
         {"images without a text",
-         FaultIn::Content,
+         kHeaders,
          [] { return PackageBuilder().add("images/a.png", png(16, 16)).build(); },
          {kMissing}},
         {"only folders",

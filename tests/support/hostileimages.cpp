@@ -25,6 +25,21 @@ const char* const kBroken = "The image cannot be decoded.";
     return {name, FaultIn::Content, make, {"!" + entry + ": " + told}};
 }
 
+// A file among the images that is told by its name; the text is stored, so that nothing need be
+// inflated.
+[[nodiscard]] HostilePackage misnamed(const char* name, const std::function<Bytes()>& bytes,
+                                      const std::string& entry)
+{
+    const auto make = [entry, bytes] {
+        return PackageBuilder()
+            .add("customization.xml", customization(), Packing::Store)
+            .add(entry, bytes())
+            .build();
+    };
+    const std::string told = "The file is neither a .png nor an .svg image.";
+    return {name, FaultIn::Headers, make, {"!" + entry + ": " + told}};
+}
+
 [[nodiscard]] Bytes withByte(Bytes bytes, int at, char change)
 {
     bytes[at] = static_cast<char>(bytes[at] ^ change);
@@ -46,19 +61,18 @@ const char* const kBroken = "The image cannot be decoded.";
 
 [[nodiscard]] std::vector<HostilePackage> otherFiles()
 {
-    const std::string kind = "The file is neither a .png nor an .svg image.";
     return {
-        image(
-            "a script among the images", [] { return Bytes("#!/bin/sh\n"); }, kind, "images/a.sh"),
-        image(
-            "a gif", [] { return Bytes("GIF89a" + Bytes(40, '\0')); }, kind, "images/a.gif"),
-        image(
-            "a packed drawing", [] { return Bytes("\x1F\x8B\x08\0", 4); }, kind, "images/a.svgz"),
-        image(
-            "an image whose name turns around", [] { return png(1, 1); }, kind,
+        misnamed(
+            "a script among the images", [] { return Bytes("#!/bin/sh\n"); }, "images/a.sh"),
+        misnamed(
+            "a gif", [] { return Bytes("GIF89a" + Bytes(40, '\0')); }, "images/a.gif"),
+        misnamed(
+            "a packed drawing", [] { return Bytes("\x1F\x8B\x08\0", 4); }, "images/a.svgz"),
+        misnamed(
+            "an image whose name turns around", [] { return png(1, 1); },
             "images/\xE2\x80\xAEgnp.exe"),
-        image(
-            "an image without an ending", [] { return png(1, 1); }, kind, "images/png"),
+        misnamed(
+            "an image without an ending", [] { return png(1, 1); }, "images/png"),
         image(
             "a png of nothing", [] { return Bytes(); }, kNoPng),
         image(
