@@ -12,6 +12,9 @@ namespace {
 
 constexpr int kRounds = 100000;
 
+// On a busy machine each meeting may take a turn of the scheduler's, so they are few.
+constexpr int kRoundsTogether = 10;
+
 // Relaxed counts order nothing between the threads: a checker sees what the vector alone orders.
 std::atomic<int> blocksFreed{0};
 std::atomic<int> arraysDeleted{0};
@@ -33,18 +36,25 @@ struct CountedInt
     ~CountedInt() { arraysDeleted.fetch_add(value, std::memory_order_relaxed); }
 };
 
-// Where two threads wait for each other, by turning on the spot.
+// Where two threads wait for each other, by turning on the spot, every so many rounds.
 class MeetingPoint
 {
 public:
     void meet(int round)
     {
+        if (round % kRoundsTogether != 0)
+            return;
         m_arrivals.fetch_add(1, std::memory_order_relaxed);
-        while (m_arrivals.load(std::memory_order_relaxed) < 2 * (round + 1))
-            std::this_thread::yield();
+        for (int turn = 1;
+             m_arrivals.load(std::memory_order_relaxed) < 2 * (round / kRoundsTogether + 1);
+             ++turn) {
+            if (turn % kTurns == 0)
+                std::this_thread::yield();
+        }
     }
 
 private:
+    static constexpr int kTurns = 1000; // a few microseconds, the time that the other one may need
     std::atomic<int> m_arrivals{0};
 };
 
