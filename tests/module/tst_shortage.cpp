@@ -74,6 +74,7 @@ TEST_P(Shortage, OfMemoryReachesTheHostAndLeavesNothingBehind)
 
 TEST_P(Shortage, OfTheHostReachesItUnchangedAndLeavesNothingBehind)
 {
+    int thrownCalls = 0;
     for (const Case& row : cases) {
         const Outcome whole = outcomeAnew(row, files);
         for (const auto& call : recording::callsThatMayThrow(whole.trace)) {
@@ -81,6 +82,7 @@ TEST_P(Shortage, OfTheHostReachesItUnchangedAndLeavesNothingBehind)
                          std::to_string(call.which));
             startAnew(row, files);
             const VxErrorStatus* const thrown = host().throwOnCall(call.function, call.which);
+            ++thrownCalls;
             const Outcome broken = outcomeOf(row);
             EXPECT_EQ(broken.thrown, Outcome::HostError);
             EXPECT_EQ(broken.error, thrown);
@@ -99,6 +101,8 @@ TEST_P(Shortage, OfTheHostReachesItUnchangedAndLeavesNothingBehind)
             EXPECT_EQ(next.list, whole.list);
         }
     }
+    EXPECT_GT(thrownCalls, 0);
+    RecordProperty("thrownCalls", thrownCalls);
 }
 
 } // namespace shortage
