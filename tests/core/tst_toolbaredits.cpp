@@ -1,5 +1,6 @@
 // Editing toolbars step by step.
 #include "refhost/core/toolbaredits.h"
+#include "tests/support/testrounds.h"
 
 #include <gtest/gtest.h>
 
@@ -246,8 +247,8 @@ TEST_F(EditedToolbars, ForgetWhatWasUndoneWhenSomethingElseIsDone)
 
 TEST(ToolbarEdits, UndoAndRedoWhateverWasDone)
 {
-    const unsigned int seed = std::random_device()();
-    SCOPED_TRACE("seed " + std::to_string(seed));
+    const unsigned int seed = wantedSeed();
+    SCOPED_TRACE("QUELHOST_TEST_SEED=" + std::to_string(seed));
     std::mt19937 random(seed);
     const auto below = [&random](int limit) {
         return std::uniform_int_distribution<int>(0, limit - 1)(random);
@@ -259,7 +260,8 @@ TEST(ToolbarEdits, UndoAndRedoWhateverWasDone)
     const Lines startLines = lines(edits);
     const std::vector<ToolbarEntry> commands =
         entries({"PLANT/pump", "PLANT/pipe", "SURVEY/mark", "ABSENT/go", "|"});
-    for (int i = 0; i < 2000; ++i) {
+    const int all = wantedRounds(2000);
+    for (int round = 0; round < all; ++round) {
         const auto& toolbars = edits.toolbars();
         const EffectiveToolbar picked =
             toolbars[static_cast<std::size_t>(below(static_cast<int>(toolbars.size())))];

@@ -1,4 +1,5 @@
 #include "refhost/core/userchangetexts.h"
+#include "tests/support/testrounds.h"
 
 #include <gtest/gtest.h>
 
@@ -71,8 +72,8 @@ TEST(KeysText, RefusesWhatNamesNoKeys)
 
 TEST(KeysText, ComesBackWhateverTheKeys)
 {
-    const unsigned int seed = std::random_device()();
-    SCOPED_TRACE(seed);
+    const unsigned int seed = wantedSeed();
+    SCOPED_TRACE("QUELHOST_TEST_SEED=" + std::to_string(seed));
     std::mt19937 random(seed);
     const auto oneOf = [&random](std::initializer_list<int> all) {
         return *(all.begin() + static_cast<std::ptrdiff_t>(random() % all.size()));
@@ -85,7 +86,8 @@ TEST(KeysText, ComesBackWhateverTheKeys)
                oneOf({0, Qt::SHIFT}) | oneOf({0, Qt::CTRL}) | oneOf({0, Qt::ALT}) |
                oneOf({0, Qt::META, Qt::KeypadModifier});
     };
-    for (int round = 0; round < 2000; ++round) {
+    const int all = wantedRounds(2000);
+    for (int round = 0; round < all; ++round) {
         Keys keys;
         for (int count = oneOf({0, 1, 2, 3}); count > 0; --count) {
             const QKeySequence several(combination(), oneOf({0, combination()}));

@@ -2,11 +2,11 @@
 #include "tests/stream/streampair.h"
 #include "tests/stream/streamside.h"
 #include "tests/support/temporaryfile.h"
+#include "tests/support/testrounds.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <iostream>
 #include <random>
 
@@ -87,13 +87,6 @@ private:
     std::mt19937 m_random;
 };
 
-unsigned int chosenSeed()
-{
-    const char* const given = std::getenv("QUELHOST_TEST_SEED");
-    return given != nullptr ? static_cast<unsigned int>(std::strtoul(given, nullptr, 10))
-                            : std::random_device()();
-}
-
 // A step and the numbers of the sides it ran on.
 struct DoneStep
 {
@@ -161,25 +154,28 @@ TEST(StreamModel, HoldsForEverySmallCopy)
 
 TEST(StreamModel, HoldsForChanceSequencesInMemory)
 {
-    const unsigned int seed = chosenSeed();
+    const unsigned int seed = wantedSeed();
+    SCOPED_TRACE("QUELHOST_TEST_SEED=" + std::to_string(seed));
     std::cout << "QUELHOST_TEST_SEED=" << seed << "\n";
     Chance chance(seed);
-    for (int round = 0; round < kSequences; ++round) {
+    const int all = wantedRounds(kSequences);
+    for (int round = 0; round < all; ++round) {
         Trace trace;
         std::array<Side, 2> sides{streams::memorySide('A', chance.stream(), trace),
                                   streams::memorySide('B', chance.stream(), trace)};
-        ASSERT_EQ(sequenceDifference(chance, sides, trace), "")
-            << "QUELHOST_TEST_SEED=" << seed << ", sequence " << round;
+        ASSERT_EQ(sequenceDifference(chance, sides, trace), "") << "sequence " << round;
     }
 }
 
 TEST(StreamModel, HoldsForChanceSequencesOnFiles)
 {
-    const unsigned int seed = chosenSeed();
+    const unsigned int seed = wantedSeed();
+    SCOPED_TRACE("QUELHOST_TEST_SEED=" + std::to_string(seed));
     std::cout << "QUELHOST_TEST_SEED=" << seed << "\n";
     Chance chance(seed);
     const streams::TemporaryFile file;
-    for (int round = 0; round < kSequences / 100; ++round) {
+    const int all = wantedRounds(kSequences / 100);
+    for (int round = 0; round < all; ++round) {
         ModelStream ofFile = chance.stream();
         ofFile.lengthLimit = 0x7FFFFFFFFFFFFFFFUL; // of the system, which refuses what is behind
         if (ofFile.position > kLongest)
@@ -187,7 +183,6 @@ TEST(StreamModel, HoldsForChanceSequencesOnFiles)
         Trace trace;
         std::array<Side, 2> sides{streams::fileSide('A', file.path(), ofFile, trace),
                                   streams::memorySide('B', chance.stream(), trace)};
-        ASSERT_EQ(sequenceDifference(chance, sides, trace), "")
-            << "QUELHOST_TEST_SEED=" << seed << ", sequence " << round;
+        ASSERT_EQ(sequenceDifference(chance, sides, trace), "") << "sequence " << round;
     }
 }
