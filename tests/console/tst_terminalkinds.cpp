@@ -12,6 +12,11 @@ struct SimpleTerminal
     const char* term;
 };
 
+void PrintTo(const SimpleTerminal& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
 class WithoutEditing : public TerminalLines, public testing::WithParamInterface<SimpleTerminal>
 {};
 

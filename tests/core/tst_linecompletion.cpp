@@ -186,6 +186,11 @@ struct ExpectedCase
     const char* candidates;
 };
 
+void PrintTo(const ExpectedCase& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
 // Files that the command expects: two of them lie where the others of the folder do not.
 class ExpectedFile : public testing::TestWithParam<ExpectedCase>
 {};

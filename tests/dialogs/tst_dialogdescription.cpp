@@ -50,6 +50,11 @@ struct DamagedRow
     const char* complaint; // a part of it
 };
 
+void PrintTo(const DamagedRow& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
 class DamagedDescription : public testing::TestWithParam<DamagedRow>
 {};
 

@@ -29,6 +29,11 @@ struct BoxRow
     int safe;                                         // Esc and the close box
 };
 
+void PrintTo(const BoxRow& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
 class WidgetBox : public testing::TestWithParam<BoxRow>
 {
 protected:

@@ -115,6 +115,11 @@ struct RefusedRow
     const char* answer; // %1 is the test's folder
 };
 
+void PrintTo(const RefusedRow& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
 class RefusedAnswer : public testing::TestWithParam<RefusedRow>
 {
 protected:

@@ -42,6 +42,11 @@ struct WrongOptionsRow
     QStringList arguments;
 };
 
+void PrintTo(const WrongOptionsRow& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
+
 class WrongOptions : public testing::TestWithParam<WrongOptionsRow>
 {};
 
@@ -62,6 +67,11 @@ struct ModuleRow
     QString path;
     const char* says;
 };
+
+void PrintTo(const ModuleRow& row, std::ostream* stream)
+{
+    *stream << row.name;
+}
 
 class NoModule : public testing::TestWithParam<ModuleRow>
 {};

@@ -6,6 +6,7 @@
 #include <QByteArray>
 
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,11 @@ struct HostileKind
     const char* name;
     std::vector<HostilePackage> (*make)();
 };
+
+inline std::ostream& operator<<(std::ostream& out, const HostileKind& kind)
+{
+    return out << kind.name;
+}
 
 [[nodiscard]] std::vector<HostileKind> hostileKinds();
 
