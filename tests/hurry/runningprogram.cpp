@@ -23,6 +23,10 @@ RunningProgram::RunningProgram(const QStringList& arguments, const QString& fold
     }
     surroundings.insert(QStringLiteral("HOME"), folder);
     surroundings.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    // What is freed goes back to the system, whatever sizes were asked for before: by themselves
+    // the allocator's thresholds grow with the longest lines.
+    for (const char* name : {"MALLOC_MMAP_THRESHOLD_", "MALLOC_TRIM_THRESHOLD_"})
+        surroundings.insert(QLatin1String(name), QStringLiteral("65536"));
     m_process.setProcessEnvironment(surroundings);
     m_process.setWorkingDirectory(folder);
     m_process.start(QStringLiteral(QUELHOST_PROGRAM), arguments);
