@@ -274,6 +274,7 @@ void ConsoleModel::load(const std::wstring& path)
         return done(kNormal); // there is no display for it
     switch (m_list.load(path)) {
     case listrules::Outcome::Done:
+        ++m_loads;
         return done(kNormal);
     case listrules::Outcome::Refused:
         return done(kStopped);
@@ -284,9 +285,10 @@ void ConsoleModel::load(const std::wstring& path)
 
 void ConsoleModel::unload(const std::wstring& path)
 {
-    const bool isRefused =
-        !isDialogWanted(path) && m_list.unload(path) == listrules::Outcome::Refused;
-    done(isRefused ? kStopped : kNormal);
+    const listrules::Outcome outcome =
+        isDialogWanted(path) ? listrules::Outcome::Nothing : m_list.unload(path);
+    m_unloads += outcome == listrules::Outcome::Done ? 1 : 0;
+    done(outcome == listrules::Outcome::Refused ? kStopped : kNormal);
 }
 
 void ConsoleModel::menu(const std::wstring& path)

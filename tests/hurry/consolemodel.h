@@ -55,6 +55,9 @@ public:
     [[nodiscard]] const ListModel& list() const { return m_list; }
     // How often a dialog was wanted.
     [[nodiscard]] int dialogs() const { return m_dialogs; }
+    // How often the list was changed by a file that was loaded, and by one that was unloaded.
+    [[nodiscard]] int loads() const { return m_loads; }
+    [[nodiscard]] int unloads() const { return m_unloads; }
     // The commands that ended since the last call: "NAME<TAB>STATUS".
     [[nodiscard]] std::vector<std::string> takeStatuses();
 
@@ -87,6 +90,8 @@ private:
     std::size_t m_taken = 0;
     bool m_ended = false;
     int m_dialogs = 0;
+    int m_loads = 0;
+    int m_unloads = 0;
     std::vector<std::string> m_statuses;
 };
 

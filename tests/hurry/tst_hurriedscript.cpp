@@ -190,12 +190,14 @@ TEST_P(HurriedScript, EndsEachCommandAndKeepsTheListAsItMust)
         ASSERT_NO_FATAL_FAILURE(expectStatuses());
     }
     EXPECT_EQ(toUtf8(world.storedList()), toUtf8(world.model.list().text())) << world.story();
+    EXPECT_TRUE(world.hasLoadedAndUnloaded(all)) << world.story();
 }
 
 TEST_P(HurriedScript, LeavesMemoryAsItWas)
 {
     const std::size_t all = wantedRounds(1500);
     const std::size_t warm = all / 5;
+    const std::size_t most = std::clamp<std::size_t>(warm, 1, 100);
     long memoryThen = 0;
     ASSERT_NO_FATAL_FAILURE(start());
     for (std::size_t typed = 0; typed < all;) {
@@ -205,7 +207,7 @@ TEST_P(HurriedScript, LeavesMemoryAsItWas)
             memoryThen = program->ownMemory();
         }
         world.changeFiles();
-        typed += typeBatch(std::min<std::size_t>(all - typed, 100), Avoid::TheEnd);
+        typed += typeBatch(std::min(all - typed, most), Avoid::TheEnd);
         ASSERT_FALSE(list().isEmpty()) << world.story();
         static_cast<void>(program->takeDiagnostics(0));
     }
@@ -219,10 +221,9 @@ TEST_P(HurriedScript, LeavesMemoryAsItWas)
     constexpr std::size_t kLinesForOne = 100;
     EXPECT_LT(memory, memoryThen + kPassing + static_cast<long>(all / kLinesForOne));
 #endif
+    EXPECT_TRUE(world.hasLoadedAndUnloaded(all)) << world.story();
     EXPECT_EQ(program->end(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Typists, HurriedScript, testing::Values(Typist::Script, Typist::Person),
-                         [](const auto& row) {
-                             return row.param == Typist::Script ? "AsAScript" : "AsAPerson";
-                         });
+                         testing::PrintToStringParamName());

@@ -101,7 +101,8 @@ TEST(HurriedSession, AfterEachLineTheListAndTheGroupsAreWhatTheyMustBe)
     files.mainPackage = QStringLiteral(QUEL_EXAMPLES "/queld.cuix");
     files.aliasFile = QStringLiteral(QUEL_EXAMPLES "/QUELD.pgp");
     std::string difference;
-    for (unsigned int left = wantedRounds(1500); left > 0 && difference.empty();) {
+    const unsigned int all = wantedRounds(1500);
+    for (unsigned int left = all; left > 0 && difference.empty();) {
         NoOutput output;
         const auto makeLines = [&](const quelhost::Profile&) {
             return quelhost::Result<std::unique_ptr<quelhost::LineSource>>(
@@ -117,5 +118,6 @@ TEST(HurriedSession, AfterEachLineTheListAndTheGroupsAreWhatTheyMustBe)
         session.value()->run();
     }
     EXPECT_EQ(difference, "") << world.story();
+    EXPECT_TRUE(world.hasLoadedAndUnloaded(all)) << world.story();
     QDir::setCurrent(before);
 }

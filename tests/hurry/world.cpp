@@ -182,9 +182,17 @@ std::wstring World::storedList() const
     return listIn(run.run().output.toUtf8());
 }
 
+bool World::hasLoadedAndUnloaded(std::size_t typed) const
+{
+    constexpr std::size_t kLinesForOne = 200; // a tenth of what comes
+    const auto least = static_cast<int>(typed / kLinesForOne);
+    return model.loads() >= least && model.unloads() >= least;
+}
+
 std::string World::story() const
 {
-    return "QUELHOST_TEST_SEED=" + std::to_string(m_seed) + "; last:\n" + done.text();
+    return "QUELHOST_TEST_SEED=" + std::to_string(m_seed) + "; " + std::to_string(model.loads()) +
+           " loads and " + std::to_string(model.unloads()) + " unloads; last:\n" + done.text();
 }
 
 } // namespace hurry

@@ -10,12 +10,18 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <ostream>
 #include <string>
 
 namespace hurry {
 
 enum class Typist { Person, Script };
 enum class Avoid { Nothing, Dialogs, TheEnd };
+
+inline std::ostream& operator<<(std::ostream& out, Typist typist)
+{
+    return out << (typist == Typist::Script ? "AsAScript" : "AsAPerson");
+}
 
 class World
 {
@@ -38,6 +44,9 @@ public:
 
     [[nodiscard]] QString profile() const;
     [[nodiscard]] QString workFolder() const;
+    // Whether so many lines at random changed the list as often as they always do, by loading and
+    // by unloading: where nothing can be loaded, nothing can go wrong.
+    [[nodiscard]] bool hasLoadedAndUnloaded(std::size_t typed) const;
     // What to know of a failure.
     [[nodiscard]] std::string story() const;
 
