@@ -73,15 +73,16 @@ KeyList::KeyList(QWidget* parent)
                 [this](QWidget* row) { prepareRow(*row); });
 }
 
-KeyList::~KeyList() = default;
+KeyList::~KeyList()
+{
+    const QSignalBlocker quiet(this); // who listens may be going too
+    dropGroups();
+}
 
 void KeyList::showGroups(const std::vector<EditedGroup>& groups)
 {
     const std::optional<std::size_t> at = current();
-    m_editor->clearCollections();
-    qDeleteAll(m_collections);
-    m_collections.clear();
-    m_actions.clear();
+    dropGroups();
     for (const EditedGroup& group : groups)
         addGroup(group);
     if (at)
@@ -89,12 +90,22 @@ void KeyList::showGroups(const std::vector<EditedGroup>& groups)
     emit changed();
 }
 
+// An action without a first key, but with a second one, would leave that one behind in the toolkit.
+void KeyList::dropGroups()
+{
+    m_editor->clearCollections();
+    for (QAction* const action : std::exchange(m_actions, {}))
+        action->setShortcuts(Keys());
+    qDeleteAll(std::exchange(m_collections, {}));
+}
+
 void KeyList::addGroup(const EditedGroup& group)
 {
     auto* const collection = new KActionCollection(m_editor);
     m_collections.push_back(collection);
     for (const EditedCommand& command : group.commands) {
-        auto* const action = new QAction(command.icon, unmarkedMenuText(command.text));
+        // It goes with the collection, which by itself only lists it.
+        auto* const action = new QAction(command.icon, unmarkedMenuText(command.text), collection);
         // Some names make the library leave an action out, so a command's id is none.
         collection->addAction(QStringLiteral("command%1").arg(m_actions.size()), action);
         if (!command.keys.packageKeys.isEmpty())

@@ -50,6 +50,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void dropGroups();
     void addGroup(const EditedGroup& group);
     void prepareRow(QWidget& row);
     void prepareKeys(KKeySequenceWidget& keys);
