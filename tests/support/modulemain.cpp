@@ -20,20 +20,6 @@ class NewHostForEachTest : public testing::EmptyTestEventListener
 
 } // namespace
 
-#if defined(__SANITIZE_ADDRESS__)
-extern "C" __attribute__((visibility("default"))) const char* __lsan_default_options()
-{
-    return "print_suppressions=0";
-}
-
-// What the font library and the platform's plugin keep until the process ends.
-extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
-{
-    return "leak:libfontconfig.so\nleak:libqoffscreen.so\nleak:QScreen::QScreen\n"
-           "leak:QPlatformScreen::QPlatformScreen\nleak:handleScreenAdded\n";
-}
-#endif
-
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
