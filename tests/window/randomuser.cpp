@@ -19,6 +19,7 @@
 #include <QWindow>
 #include <QtTest/QTest>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -78,10 +79,11 @@ bool isAsking(const MainWindow& window)
 
 } // namespace
 
-RandomUser::RandomUser(hurry::World& world, unsigned int events, Look look)
+RandomUser::RandomUser(hurry::World& world, unsigned int events, Look look, LookInFront lookInFront)
     : m_world(world)
     , m_left(events)
     , m_look(std::move(look))
+    , m_lookInFront(std::move(lookInFront))
 {
     // Where events are only let through for painting, no input is taken, and nothing waits.
     const auto* const dispatcher = QAbstractEventDispatcher::instance();
@@ -95,8 +97,9 @@ RandomUser::RandomUser(hurry::World& world, unsigned int events, Look look)
     });
 }
 
-void RandomUser::use(const std::function<void()>& session)
+void RandomUser::use(const std::function<void()>& session, unsigned int mostEvents)
 {
+    m_leftInSession = std::min(mostEvents, m_left);
     goOn();
     session();
     m_timer.stop();
@@ -113,15 +116,19 @@ void RandomUser::act()
     MainWindow* const window = shownWindow();
     if (window == nullptr || !m_waits)
         return;
-    if (m_left == 0 || !m_problem.empty())
-        return leave();
     QWidget* const popup = QApplication::activePopupWidget();
     QWidget* const dialog = QApplication::activeModalWidget();
+    if (dialog != nullptr && m_problem.empty())
+        m_problem = m_lookInFront(*dialog);
+    if (m_leftInSession == 0 || !m_problem.empty())
+        return leave();
     if (popup == nullptr && dialog == nullptr && !isAsking(*window))
         return; // a command is at work
     --m_left;
+    --m_leftInSession;
     if (const QWidget* const front = popup != nullptr ? popup : dialog)
-        ++m_seen[front->metaObject()->className() + (' ' + front->objectName().toStdString())];
+        ++m_seen[QLatin1String(front->metaObject()->className()) + QLatin1Char(' ') +
+                 front->objectName()];
     if (popup != nullptr)
         inPopup(*popup);
     else if (auto* const files = qobject_cast<QFileDialog*>(dialog))
@@ -139,8 +146,11 @@ void RandomUser::leave()
         popup->close();
     else if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
         dialog->reject();
-    else if (MainWindow* const window = shownWindow(); isAsking(*window))
+    else if (MainWindow* const window = shownWindow(); isAsking(*window)) {
+        if (m_problem.empty())
+            m_problem = m_look(*window);
         window->close();
+    }
 }
 
 void RandomUser::atPrompt(MainWindow& window)
@@ -234,13 +244,20 @@ void RandomUser::inFileDialog(QFileDialog& dialog)
 
 void RandomUser::typeLine(MainWindow& window)
 {
-    const QString line = QString::fromStdString(m_world.lines.nextTyped(promptOf(window)));
+    QString text = QString::fromStdString(m_world.lines.nextTyped(promptOf(window)));
     // A file with a semicolon in its name is two entries of the list.
-    if (line.contains(QLatin1String("it;s")))
+    if (text.contains(QLatin1String("it;s")))
         return;
-    window.findChild<QLineEdit*>(QStringLiteral("line"))->setFocus();
-    press(window, Qt::Key_unknown, {}, line);
-    if (m_world.random.percent(90))
+    auto* const line = window.findChild<QLineEdit*>(QStringLiteral("line"));
+    line->setFocus();
+    // What ends the session stands alone: what was done in front of it is seen before.
+    const bool isEnd = text.contains(QLatin1String("QUIT"), Qt::CaseInsensitive);
+    if (isEnd) {
+        text = QStringLiteral("QUIT");
+        line->clear();
+    }
+    press(window, Qt::Key_unknown, {}, text);
+    if (isEnd || m_world.random.percent(90))
         press(window, Qt::Key_Return);
 }
 

@@ -4,11 +4,12 @@
 
 #include "tests/hurry/world.h"
 
+#include <QMap>
 #include <QObject>
+#include <QString>
 #include <QTimer>
 
 #include <functional>
-#include <map>
 #include <string>
 
 class QFileDialog;
@@ -26,16 +27,19 @@ class RandomUser final : public QObject
 public:
     // Looks at everything when the command line waits; what is wrong, or nothing.
     using Look = std::function<std::string(quelhost::MainWindow& window)>;
+    // Looks before anything is done in a dialog; what is wrong, or nothing.
+    using LookInFront = std::function<std::string(QWidget& dialog)>;
 
     // Does that many things. REQUIRES: `world` outlives this object.
-    RandomUser(hurry::World& world, unsigned int events, Look look);
+    RandomUser(hurry::World& world, unsigned int events, Look look, LookInFront lookInFront);
 
-    // Uses a window until its session ends: by something that was done, or because enough was.
-    void use(const std::function<void()>& session);
+    // Uses a window until its session ends: by something that was done, or because enough was. The
+    // last thing in it is a look.
+    void use(const std::function<void()>& session, unsigned int mostEvents);
 
     [[nodiscard]] bool hasDoneAll() const { return m_left == 0; }
     // The kinds of menus and dialogs that came up, and how often something was done in them.
-    [[nodiscard]] const std::map<std::string, int>& seen() const { return m_seen; }
+    [[nodiscard]] const QMap<QString, int>& seen() const { return m_seen; }
     // What was wrong, or nothing.
     [[nodiscard]] const std::string& problem() const { return m_problem; }
 
@@ -60,10 +64,12 @@ private:
 
     hurry::World& m_world;
     unsigned int m_left;
+    unsigned int m_leftInSession = 0;
     const Look m_look;
+    const LookInFront m_lookInFront;
     QTimer m_timer;
     bool m_waits = false; // the event loop that runs waits for events
-    std::map<std::string, int> m_seen;
+    QMap<QString, int> m_seen;
     std::string m_problem;
 };
 

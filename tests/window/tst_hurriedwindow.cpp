@@ -5,15 +5,21 @@
 #include "refhost/window/mainwindow.h"
 #include "refhost/window/windowprogram.h"
 #include "tests/support/testrounds.h"
+#include "tests/window/listwatch.h"
+#include "tests/window/ownmemory.h"
 #include "tests/window/randomuser.h"
+#include "tests/window/shownwindow.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
 #include <QMenuBar>
+#include <QPixmapCache>
 #include <QToolBar>
+#include <QtTest/QTest>
 
 #include <algorithm>
 #include <atomic>
@@ -118,6 +124,38 @@ std::map<std::string, int> groupObjects(const MainWindow& window)
     return counts;
 }
 
+// When no session runs, what the toolkit keeps for a while is dropped.
+void letRest()
+{
+    QGuiApplication::clipboard()->clear();
+    QPixmapCache::clear();
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+std::ptrdiff_t median(std::vector<std::size_t> values)
+{
+    std::sort(values.begin(), values.end());
+    return static_cast<std::ptrdiff_t>(values[values.size() / 2]);
+}
+
+// From the middle third to the last.
+std::ptrdiff_t growth(const std::vector<std::size_t>& memory)
+{
+    const auto third = static_cast<std::ptrdiff_t>(memory.size() / 3);
+    if (third == 0)
+        return 0;
+    return median({memory.end() - third, memory.end()}) -
+           median({memory.end() - 2 * third, memory.end() - third});
+}
+
+// A margin for what the toolkit keeps of what it saw: glyphs, icons, folders.
+constexpr std::ptrdiff_t kMostGrowth = 1 << 20;
+// Longer than a button of the toolkit's fades, which it does even where its window has gone.
+constexpr int kFadingMs = 500;
+
+constexpr unsigned int kMostInSession = 50;
+
 class HurriedWindow : public testing::Test
 {
 protected:
@@ -140,23 +178,27 @@ protected:
         return result ? "" : result.fault().text().toStdString();
     }
 
+    // What is wrong in a dialog, or nothing.
+    [[nodiscard]] std::string lookInFront(QWidget& dialog)
+    {
+        m_list.watch(dialog);
+        return m_list.expect(*shownWindow(), textOf(Host::current()->groups.listedPaths()));
+    }
+
     // What is wrong, or nothing. Files change only right behind a look.
     [[nodiscard]] std::string look(MainWindow& window)
     {
         m_watchdog.pat();
         Host& host = *Host::current();
         const std::wstring text = textOf(host.groups.listedPaths());
+        if (std::string wrong = m_list.expect(window, text); !wrong.empty())
+            return wrong;
         if (!m_model)
             m_model.emplace(text, world.workFolder().toStdWString(),
                             [this](const auto& file) { return world.files.groupOf(file); });
-        if (const std::string wrong =
-                wrongStep(listrules::partsOf(m_model->text()), listrules::partsOf(text));
-            !wrong.empty())
-            return wrong + ": " + toUtf8(m_model->text()) + " became " + toUtf8(text);
         std::vector<ListModel::Shown> shown;
         for (const quelhost::ShownGroup& group : host.groups.groups())
             shown.push_back({group.path, group.group.name.toStdWString(), group.unlisted});
-        m_listChanges += text != m_model->text() ? 1 : 0;
         // Groups are shown anew when something was loaded or unloaded, and back again perhaps.
         if (text != m_model->text() || told(shown) != told(m_model->shown()))
             m_model->follow(text);
@@ -170,14 +212,16 @@ protected:
     [[nodiscard]] std::string wrongAfterUnloading(const MainWindow& window)
     {
         Host& host = *Host::current();
+        const std::wstring mainFile = host.groups.listedPaths().front();
         QuelVariant list;
-        list.setString(host.groups.listedPaths().front().c_str(), QuelVariant::kString);
+        list.setString(mainFile.c_str(), QuelVariant::kString);
         if (host.config.setValue(QueldConfig::kUserProfile, L"CUIX/LoadedCuix", list) != 0 ||
             !host.customization.replaceToolbars({}) || !host.customization.replaceKeys({}))
             return "the settings cannot be written";
         host.groups.refresh();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        m_model->follow(textOf(host.groups.listedPaths()));
+        m_list.begin(mainFile);
+        m_model->follow(mainFile);
         std::string wrong;
         for (const auto& [kind, count] : groupObjects(window)) {
             const auto [first, isFirst] = m_objects.emplace(kind, count);
@@ -189,34 +233,10 @@ protected:
     }
 
     hurry::World world{hurry::Typist::Person};
-    int m_listChanges = 0; // by the user
+    ListWatch m_list;
+    std::optional<ListModel> m_model; // of the session that runs
 
 private:
-    // What is wrong with the list after loading and unloading.
-    [[nodiscard]] std::string wrongStep(const std::vector<std::wstring>& before,
-                                        const std::vector<std::wstring>& now) const
-    {
-        if (now.front() != before.front())
-            return "entry 0 went";
-        auto old = before.begin();
-        for (std::size_t i = 0; i < now.size(); ++i) {
-            const auto kept = std::find(old, before.end(), now[i]);
-            if (kept != before.end()) {
-                old = kept + 1;
-                continue;
-            }
-            old = before.end(); // behind what is new, all is
-            if (!m_model->exists(now[i]))
-                return "an entry without a file came";
-            for (std::size_t other = 0; other < i; ++other) {
-                if (m_model->exists(now[other]) &&
-                    listrules::identityOf(now[other]) == listrules::identityOf(now[i]))
-                    return "a second file of one name came";
-            }
-        }
-        return {};
-    }
-
     [[nodiscard]] static std::string wrongWindow(const MainWindow& window, const Host& host)
     {
         int menus = 1; // the host's own
@@ -237,7 +257,6 @@ private:
     const QString m_before = QDir::currentPath();
     NoBrowser m_browser;
     Watchdog m_watchdog{world};
-    std::optional<ListModel> m_model;
     std::map<std::string, int> m_objects; // when nothing but the main file is loaded
 };
 
@@ -246,26 +265,42 @@ private:
 TEST_F(HurriedWindow, StaysWhatItsListSays)
 {
     unsigned int looks = 0;
-    RandomUser user(world, wantedRounds(500), [&](MainWindow& window) {
+    const auto lookAtAll = [&](MainWindow& window) {
         constexpr unsigned int kBetweenUnloading = 100;
         const std::string wrong = look(window);
         const bool isTime = looks++ % kBetweenUnloading == 0;
         return wrong.empty() && isTime ? wrongAfterUnloading(window) : wrong;
-    });
+    };
+    RandomUser user(world, static_cast<unsigned int>(wantedRounds(500)), lookAtAll,
+                    [&](QWidget& dialog) { return lookInFront(dialog); });
+    m_list.begin(quelhost::fromUtf8(world.files.mainFile()));
+    std::vector<std::size_t> memory;
+    OwnMemory ownMemory;
     while (!user.hasDoneAll() && user.problem().empty()) {
         std::string wrong;
-        user.use([&] { wrong = runSession(); });
+        user.use([&] { wrong = runSession(); }, kMostInSession);
         ASSERT_EQ(wrong, "") << world.story();
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
         EXPECT_EQ(Host::current(), nullptr);
+        ASSERT_EQ(m_list.expect(world.storedList()), "") << "stored; " << world.story();
+        m_model.reset();
+        letRest();
+        ownMemory.note();
+        memory.push_back(liveMemory());
     }
+    QTest::qWait(kFadingMs);
     EXPECT_EQ(user.problem(), "") << world.story();
-    EXPECT_GT(m_listChanges, 0) << "the user has to get through to the commands";
-    EXPECT_GT(user.seen().size(), 1U) << "and to dialogs";
-    std::string seen;
-    for (const auto& [kind, times] : user.seen())
-        seen += kind + " " + std::to_string(times) + ", ";
-    RecordProperty("seen", seen);
+    EXPECT_GT(m_list.changes(), 0) << "the user has to get through to the commands";
+    EXPECT_GT(user.seen().size(), 1) << "and to dialogs";
+    EXPECT_EQ(ownMemory.grown(), "") << world.story();
+    EXPECT_LT(growth(memory), kMostGrowth) << "bytes; " << world.story();
+    RecordProperty("changes", m_list.changes());
+    RecordProperty("sessions", static_cast<int>(memory.size()));
+    RecordProperty("growth", std::to_string(growth(memory)));
+    QStringList seen;
+    for (auto each = user.seen().begin(); each != user.seen().end(); ++each)
+        seen << QStringLiteral("%1 %2").arg(each.key()).arg(each.value());
+    RecordProperty("seen", seen.join(QStringLiteral(", ")).toStdString());
 }
 
 #include "tst_hurriedwindow.moc"
