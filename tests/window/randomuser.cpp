@@ -1,14 +1,18 @@
 #include "tests/window/randomuser.h"
 
+#include "refhost/core/host.h"
+#include "refhost/core/widetext.h"
 #include "refhost/window/mainwindow.h"
 #include "tests/window/shownwindow.h"
 
 #include <QAbstractButton>
 #include <QAbstractEventDispatcher>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDragEnterEvent>
+#include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -172,11 +176,15 @@ void RandomUser::atPrompt(MainWindow& window)
         dropFiles(window);
     else if (kind < 900)
         turnWheel(window);
-    else if (kind < 940)
+    else if (kind < 915)
         window.resize(300 + static_cast<int>(random.below(900)),
                       200 + static_cast<int>(random.below(700)));
-    else if (kind < 997)
+    else if (kind < 950)
+        unloadFrom(window, "loadedUnload");
+    else if (kind < 985)
         note(m_world.files.change(random));
+    else if (kind < 997)
+        removeLoaded();
     else
         window.close();
 }
@@ -199,8 +207,10 @@ void RandomUser::inDialog(QWidget& dialog)
     hurry::Random& random = m_world.random;
     const auto lines = dialog.findChildren<QLineEdit*>();
     const auto buttons = dialog.findChildren<QAbstractButton*>();
-    const std::size_t kind = random.below(20);
-    if (kind < 5 && !lines.isEmpty()) {
+    const std::size_t kind = random.below(22);
+    if (kind > 19) {
+        unloadFrom(dialog, "IDC_MENULOAD_BTNUNLOAD");
+    } else if (kind < 5 && !lines.isEmpty()) {
         QLineEdit& line = *random.of(lines);
         const QString path = QString::fromStdString(m_world.files.loadablePath(random));
         line.setFocus();
@@ -308,6 +318,31 @@ void RandomUser::turnWheel(MainWindow& window)
                        Qt::NoModifier, Qt::NoScrollPhase, false);
     note(std::string("wheel over ") + part.metaObject()->className());
     QApplication::sendEvent(&part, &turned);
+}
+
+// Chooses any of the rows above the button, where there are such, and presses it.
+void RandomUser::unloadFrom(QWidget& window, const char* name)
+{
+    auto* const button = window.findChild<QAbstractButton*>(QLatin1String(name));
+    if (button == nullptr)
+        return;
+    auto* const rows = button->parentWidget()->findChild<QAbstractItemView*>();
+    const int count = std::max(rows->model()->rowCount(), 1); // the first need not be there
+    const auto row = static_cast<int>(m_world.random.below(static_cast<std::size_t>(count)));
+    note("(unload row " + std::to_string(row) + ")");
+    rows->setCurrentIndex(rows->model()->index(row, 0));
+    button->setFocus();
+    press(window, Qt::Key_Space);
+}
+
+void RandomUser::removeLoaded()
+{
+    const std::vector<std::wstring> listed = quelhost::Host::current()->groups.listedPaths();
+    const std::wstring& entry = m_world.random.of(listed);
+    if (&entry == &listed.front())
+        return;
+    note("(goes, although loaded: " + quelhost::toUtf8(entry) + ")");
+    static_cast<void>(QFile::remove(quelhost::toQString(entry)));
 }
 
 void RandomUser::pressAnyKey(QWidget& window)

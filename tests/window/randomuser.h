@@ -56,6 +56,8 @@ private:
     void pressAccelerator(quelhost::MainWindow& window);
     void dropFiles(quelhost::MainWindow& window);
     void turnWheel(quelhost::MainWindow& window);
+    void unloadFrom(QWidget& window, const char* name);
+    void removeLoaded();
     void pressAnyKey(QWidget& window);
     void clickAnywhere(QWidget& window);
     void press(QWidget& window, int key, Qt::KeyboardModifiers modifiers = {},
