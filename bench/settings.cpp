@@ -1,4 +1,5 @@
 // Storing a setting for good, beside the least that a disk has to do for it.
+#include "bench/support/diskfolder.h"
 #include "bench/support/ratios.h"
 
 #include "refhost/core/settingsstore.h"
@@ -18,7 +19,9 @@ constexpr int kPage = 4096;
 
 void writeSetting(benchmark::State& state)
 {
-    const QTemporaryDir folder;
+    const QTemporaryDir folder(ratios::diskFolderTemplate());
+    if (ratios::isInMemory(folder.path()))
+        return state.SkipWithError(ratios::kInMemory);
     auto opened = SettingsStore::open(folder.path(), SettingsAccess::ReadWrite);
     if (!opened)
         return state.SkipWithError("the store was not opened");
@@ -37,7 +40,9 @@ void writeSetting(benchmark::State& state)
 
 void appendPage(benchmark::State& state)
 {
-    const QTemporaryDir folder;
+    const QTemporaryDir folder(ratios::diskFolderTemplate());
+    if (ratios::isInMemory(folder.path()))
+        return state.SkipWithError(ratios::kInMemory);
     const QByteArray path = folder.filePath(QStringLiteral("pages")).toUtf8();
     const int file = ::open(path.constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
     const std::array<char, kPage> page{};
