@@ -123,7 +123,10 @@ int main(int argc, char** argv)
     const auto shown = std::max<std::size_t>(kShown, static_cast<std::size_t>(missed));
     for (std::size_t i = 0; i < std::min(shown, costs.size()); ++i)
         print(costs[i]);
-    std::printf("%zu hostile packages, %td above %g times  %s\n", costs.size(), missed, kMost,
+    if (costs.empty())
+        return 1;
+    std::printf("%zu hostile packages, %.2f times at worst (%s), %td above %g times  %s\n",
+                costs.size(), costs.front().ratio(), costs.front().name.c_str(), missed, kMost,
                 missed == 0 ? "met" : "MISSED");
-    return missed == 0 && !costs.empty() ? 0 : 1;
+    return missed == 0 ? 0 : 1;
 }

@@ -139,7 +139,9 @@ int run(int argc, char** argv, const std::vector<Comparison>& comparisons)
     print(rows);
     const bool allMet =
         std::all_of(rows.begin(), rows.end(), [](const Row& row) { return row.met(); });
-    return allMet && !rows.empty() && !repetitions.failed() ? 0 : 1;
+    if (!allMet || repetitions.failed())
+        return 1;
+    return rows.empty() ? kNothingRun : 0;
 }
 
 } // namespace ratios

@@ -32,6 +32,8 @@ struct Comparison
     int repetitions = 9;
 };
 
+inline constexpr int kNothingRun = 3;
+
 // Runs all of them with Google Benchmark, whose options `argc` and `argv` are, and prints a table
 // behind its report:
 //
@@ -43,8 +45,8 @@ struct Comparison
 // reaches both alike. The first repetition of one is compared with the first of the other, and so
 // on; the table has the median of these ratios and between which two the middle half of them lies.
 // What the options leave out is not told of. Returns the program's exit status: 0 when all targets
-// are met, 1 when one is missed, a work said that it failed, or nothing was run, 2 for wrong
-// options.
+// are met, 1 when one is missed or a work said that it failed, 2 for wrong options, kNothingRun
+// when the options left everything out.
 int run(int argc, char** argv, const std::vector<Comparison>& comparisons);
 
 } // namespace ratios
