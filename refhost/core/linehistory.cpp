@@ -14,11 +14,12 @@ namespace {
 
 constexpr qint64 kLargestFile = 64 * 1024 * 1024;
 constexpr wchar_t kBlanks[] = L" \t";
+constexpr wchar_t kBlanksAndReturns[] = L" \t\r";
 constexpr wchar_t kLineEnds[] = L"\r\n";
 
-std::wstring withoutTrailingBlanks(const std::wstring& line)
+std::wstring withoutTrailing(const wchar_t* characters, const std::wstring& line)
 {
-    return line.substr(0, line.find_last_not_of(kBlanks) + 1);
+    return line.substr(0, line.find_last_not_of(characters) + 1);
 }
 
 } // namespace
@@ -38,7 +39,7 @@ LineHistory::~LineHistory()
 
 bool LineHistory::add(const std::wstring& line)
 {
-    std::wstring entry = withoutTrailingBlanks(line);
+    std::wstring entry = withoutTrailing(kBlanks, line);
     const bool isRepeated = !m_lines.empty() && m_lines.back() == entry;
     if (entry.empty() || isRepeated || entry.size() > kLongestLine ||
         entry.find_first_of(kLineEnds) != entry.npos)
@@ -71,13 +72,12 @@ void LineHistory::load()
     if (file.error() != QFileDevice::NoError)
         return fail(qtTrId("console-history-unreadable").arg(m_path, file.errorString()));
     m_mayWrite = true;
-    const QList<QByteArray> lines = content.split('\n');
-    for (QByteArray line : lines) {
-        if (line.endsWith('\r'))
-            line.chop(1);
-        keep(withoutTrailingBlanks(
+    // Whatever mixture of blanks and returns ends a line, none is left that the next run would
+    // take for another end.
+    for (const QByteArray& line : content.split('\n'))
+        keep(withoutTrailing(
+            kBlanksAndReturns,
             lenientText({line.constData(), static_cast<std::size_t>(line.size())})));
-    }
 }
 
 void LineHistory::keep(std::wstring line)

@@ -141,6 +141,21 @@ TEST_F(History, ReadsWhatIsNoText)
     EXPECT_EQ(history.takeProblem(), QString());
 }
 
+// A return that stayed behind the blanks would be taken for a part of the line's end by the next
+// run.
+TEST_F(History, ReadsItsOwnFileAsItReadAnothersWithReturnsAmongBlanks)
+{
+    ASSERT_TRUE(write("a\r \nb\r\r\n\r \r\nc\rd \t\r\n"));
+    const Lines lines{L"a", L"b", L"c\rd"};
+    {
+        LineHistory history(path());
+        EXPECT_EQ(history.lines(), lines);
+        ASSERT_TRUE(history.add(L"new"));
+    }
+    EXPECT_EQ(content(), "a\nb\nc\rd\nnew\n");
+    EXPECT_EQ(LineHistory(path()).lines(), (Lines{L"a", L"b", L"c\rd", L"new"}));
+}
+
 TEST_F(History, TellsOnceThatItsFileIsAFolder)
 {
     ASSERT_TRUE(QDir().mkpath(path()));
