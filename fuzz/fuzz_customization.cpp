@@ -1,7 +1,8 @@
-// Any bytes as the customization.xml of a package.
+// Any text as the customization.xml of a package; four of its bytes stand for more (stretchedText).
 #include "fuzz/support/broken.h"
 #include "fuzz/support/groupcheck.h"
 #include "fuzz/support/hosttexts.h"
+#include "fuzz/support/stretchedtext.h"
 
 #include "refhost/core/customizationreader.h"
 
@@ -31,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const QString file = QStringLiteral("fuzz.xml");
     static const std::set<QString> entries{QStringLiteral("images/pump.svg"),
                                            QStringLiteral("images/tee.png")};
-    const QByteArray xml(reinterpret_cast<const char*>(data), static_cast<int>(size));
+    const QByteArray xml = fuzzing::stretchedText({reinterpret_cast<const char*>(data), size});
     const quelhost::CustomizationReading reading = quelhost::readCustomization(xml, file, entries);
     fuzzing::checkFaults(reading.faults, file);
     mustHold(std::is_sorted(reading.faults.begin(), reading.faults.end(), isBefore),

@@ -3,16 +3,19 @@
 // An input that begins with "PK" is the package. Every other one is files that are packed first, so
 // that checksums do not keep what is in them from being read: a line with a letter for the packing
 // (s stored, d deflated, e said to be encrypted, l a link) and the name, then the content up to a
-// line "--".
+// line "--". In all but pictures four of its bytes stand for more (stretchedText).
 #include "fuzz/support/broken.h"
 #include "fuzz/support/groupcheck.h"
 #include "fuzz/support/hosttexts.h"
 #include "fuzz/support/plainzip.h"
+#include "fuzz/support/stretchedtext.h"
 
 #include "refhost/core/package.h"
 
 #include <QImage>
 #include <QXmlStreamReader>
+
+#include <array>
 
 using fuzzing::mustHold;
 
@@ -28,9 +31,16 @@ std::string_view takeUpTo(std::string_view mark, std::string_view& text)
     return part;
 }
 
+bool isPicture(std::string_view name)
+{
+    constexpr std::string_view ending = ".png";
+    return name.size() >= ending.size() && name.substr(name.size() - ending.size()) == ending;
+}
+
 QByteArray packed(std::string_view text)
 {
     std::vector<fuzzing::PackedFile> files;
+    std::array<QByteArray, kMostFiles> stretched;
     while (!text.empty() && files.size() < kMostFiles) {
         std::string_view name = takeUpTo("\n", text);
         const char packing = name.empty() ? 's' : name.front();
@@ -39,6 +49,11 @@ QByteArray packed(std::string_view text)
         file.deflated = packing == 'd';
         file.encrypted = packing == 'e';
         file.mode = packing == 'l' ? 0120777 : 0100644;
+        if (!isPicture(name)) {
+            QByteArray& bytes = stretched[files.size()];
+            bytes = fuzzing::stretchedText(file.bytes);
+            file.bytes = {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+        }
         files.push_back(file);
     }
     return fuzzing::plainZip(files);

@@ -30,18 +30,28 @@ void putBytes(QByteArray& to, std::string_view bytes)
     to.append(bytes.data(), static_cast<int>(bytes.size()));
 }
 
-// The last block, of bytes as they are.
-QByteArray content(const PackedFile& file)
+// As blocks of bytes as they are.
+QByteArray deflated(std::string_view content)
 {
+    constexpr std::size_t kLongestBlock = 0xFFFF;
     QByteArray bytes;
-    if (file.deflated) {
-        const auto size = static_cast<std::uint32_t>(file.bytes.size());
-        bytes += '\1';
+    for (bool isLast = false; !isLast;) {
+        const std::string_view block = content.substr(0, kLongestBlock);
+        content.remove_prefix(block.size());
+        isLast = content.empty();
+        const auto size = static_cast<std::uint32_t>(block.size());
+        bytes += isLast ? '\1' : '\0';
         put16(bytes, size);
         put16(bytes, ~size & 0xFFFFU);
+        putBytes(bytes, block);
     }
-    putBytes(bytes, file.bytes);
     return bytes;
+}
+
+QByteArray content(const PackedFile& file)
+{
+    return file.deflated ? deflated(file.bytes)
+                         : QByteArray(file.bytes.data(), static_cast<int>(file.bytes.size()));
 }
 
 // What both headers have, from the version that is needed to the length of the name.

@@ -18,7 +18,7 @@ struct PackedFile
     std::uint32_t mode = 0100644;
 };
 
-// A consistent archive with the right checksums. REQUIRES: no file or name has 64 KiB.
+// A consistent archive with the right checksums. REQUIRES: no name has 64 KiB.
 [[nodiscard]] QByteArray plainZip(const std::vector<PackedFile>& files);
 
 } // namespace fuzzing
