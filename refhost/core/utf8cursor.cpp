@@ -102,8 +102,8 @@ void Utf8Cursor::skipBlanks()
 
 void Utf8Cursor::skipUntil(std::string_view anyOf)
 {
-    while (!atEnd() && anyOf.find(peek()) == std::string_view::npos)
-        step();
+    const std::size_t found = m_text.find_first_of(anyOf, static_cast<std::size_t>(m_offset));
+    advanceToOffset(static_cast<qint64>(std::min(found, m_text.size())));
 }
 
 std::string_view Utf8Cursor::rest() const
