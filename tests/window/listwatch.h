@@ -11,7 +11,6 @@
 #include <string>
 
 class QDialog;
-class QMessageBox;
 class QWidget;
 
 namespace quelhost {
