@@ -2,6 +2,7 @@
 
 #include "refhost/core/resources.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QLayout>
@@ -32,9 +33,25 @@ constexpr NeededControl kNeededControls[] = {
     {"IDD_MENU_LOAD_DLG", "IDC_MENULOAF_FILENAME", "QLabel"},
 };
 
+// While one lives, the toolkit finds no plugins that it has not loaded yet.
+class NoFurtherPlugins
+{
+public:
+    NoFurtherPlugins() { QCoreApplication::setLibraryPaths({}); }
+    ~NoFurtherPlugins() { QCoreApplication::setLibraryPaths(m_paths); }
+    NoFurtherPlugins(const NoFurtherPlugins&) = delete;
+    NoFurtherPlugins& operator=(const NoFurtherPlugins&) = delete;
+
+private:
+    const QStringList m_paths = QCoreApplication::libraryPaths();
+};
+
 // Builds into a dialog that exists already: it takes the place of the description's outermost
 // widget.
-class IntoDialog final : public QUiLoader
+//
+// Only the toolkit's own widgets: made by itself, the toolkit's loader would load every plugin for
+// its designer that the machine has, and with them some sixty libraries.
+class IntoDialog final : private NoFurtherPlugins, public QUiLoader
 {
 public:
     explicit IntoDialog(QDialog& dialog)

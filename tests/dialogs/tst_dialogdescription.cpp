@@ -5,10 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QLayout>
+#include <QLibraryInfo>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTemporaryDir>
 
 using dialogtest::DescriptionFolder;
 using dialogtest::SmallDialog;
@@ -81,6 +85,28 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace
+
+TEST(DialogDescription, LoadsNoPluginsOfTheMachine)
+{
+    const QTemporaryDir folder;
+    const QString plugin = folder.filePath(text("designer/libprobe.so"));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(text("designer")));
+    ASSERT_TRUE(QFile::copy(QLibraryInfo::location(QLibraryInfo::PluginsPath) +
+                                text("/platforms/libqoffscreen.so"),
+                            plugin));
+    const QStringList before = QCoreApplication::libraryPaths();
+    QCoreApplication::addLibraryPath(folder.path());
+    const QStringList paths = QCoreApplication::libraryPaths();
+    QDialog dialog;
+    EXPECT_TRUE(buildDialog(dialog, realDialog()));
+    EXPECT_EQ(QCoreApplication::libraryPaths(), paths);
+    QFile mappings(text("/proc/self/maps"));
+    ASSERT_TRUE(mappings.open(QIODevice::ReadOnly));
+    const QByteArray mapped = mappings.readAll();
+    EXPECT_TRUE(mapped.contains("libQt5Core"));
+    EXPECT_FALSE(mapped.contains(plugin.toUtf8()));
+    QCoreApplication::setLibraryPaths(before);
+}
 
 TEST_P(DamagedDescription, IsRefusedWithItsFileAndTheReason)
 {
