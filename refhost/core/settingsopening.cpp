@@ -188,14 +188,14 @@ Status Opening::replace(Finding finding)
 {
     tell((finding == Finding::Missing ? qtTrId("settings-missing") : qtTrId("settings-damaged"))
              .arg(m_file));
-    Status placed = mayWrite() ? putFreshInPlace() : Status(Done{});
-    if (!placed)
+    if (mayWrite()) {
+        const Status placed = putFreshInPlace();
+        if (placed)
+            return openReplaced();
         tell(placed.fault().sentence);
-    if (!placed || !mayWrite()) {
-        readGoodCopy();
-        return Done{};
     }
-    return openReplaced();
+    readGoodCopy();
+    return Done{};
 }
 
 // The new file is complete before the damaged one is moved, so that a full disk leaves everything
